@@ -1,0 +1,11 @@
+/*
+ * QnUtil public C interface: include this one header.
+ * Each family has a header of its own below qnutil/.
+ */
+#ifndef QNUTIL_QNUTIL_H
+#define QNUTIL_QNUTIL_H
+
+#include "common.h"
+#include "frame.h"
+
+#endif /* QNUTIL_QNUTIL_H */

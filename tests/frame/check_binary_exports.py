@@ -1,0 +1,97 @@
+#!/usr/bin/python3
+"""Compares a built library's export table with the export manifest and,
+for Windows DLLs, checks that only system DLLs are imported."""
+import argparse
+import re
+import subprocess
+import sys
+
+# DLLs every Windows installation has; the library may import nothing else.
+SYSTEM_DLLS = {
+    "kernel32.dll", "msvcrt.dll", "user32.dll", "gdi32.dll", "ole32.dll",
+    "oleaut32.dll", "advapi32.dll", "shell32.dll", "gdiplus.dll", "version.dll",
+    "shlwapi.dll", "comdlg32.dll", "winspool.drv", "msimg32.dll",
+}
+# Symbols the ELF linker defines in every shared object.
+ELF_LINKER_SYMBOLS = {"_init", "_fini", "_edata", "_end", "__bss_start"}
+
+
+def manifest_names(path, windows):
+    names = set()
+    with open(path, encoding="utf-8") as f:
+        for raw in f:
+            line = raw.split("#", 1)[0].split()
+            if not line:
+                continue
+            if len(line) > 1 and line[1] == "windows" and not windows:
+                continue
+            names.add(line[0])
+    return names
+
+
+def pe_tables(objdump, binary):
+    text = subprocess.run([objdump, "-p", binary], check=True, capture_output=True,
+                          text=True).stdout
+    exports, imports = set(), set()
+    in_names = False
+    for line in text.splitlines():
+        if line.startswith("[Ordinal/Name Pointer] Table"):
+            in_names = True
+            continue
+        if in_names:
+            m = re.match(r"\s*\[\s*\d+\]\s+(\S+)", line)
+            if m:
+                exports.add(m.group(1))
+                continue
+            in_names = False
+        m = re.match(r"\s*DLL Name:\s*(\S+)", line)
+        if m:
+            imports.add(m.group(1).lower())
+    return exports, imports
+
+
+def elf_exports(objdump, binary):
+    text = subprocess.run([objdump, "-T", binary], check=True, capture_output=True,
+                          text=True).stdout
+    exports = set()
+    for line in text.splitlines():
+        fields = line.split()
+        # Defined dynamic symbols have a section other than *UND*.
+        if len(fields) >= 6 and "*UND*" not in line and re.match(r"[0-9a-f]{8,}", fields[0]):
+            name = fields[-1]
+            if name not in ELF_LINKER_SYMBOLS:
+                exports.add(name)
+    return exports
+
+
+def main():
+    ap = argparse.ArgumentParser()
+    ap.add_argument("--manifest", required=True)
+    ap.add_argument("--kind", choices=["pe", "elf"], required=True)
+    ap.add_argument("--objdump", default="objdump")
+    ap.add_argument("binary")
+    args = ap.parse_args()
+
+    expected = manifest_names(args.manifest, windows=args.kind == "pe")
+    failed = False
+    if args.kind == "pe":
+        exports, imports = pe_tables(args.objdump, args.binary)
+        foreign = sorted(i for i in imports if i not in SYSTEM_DLLS)
+        if foreign:
+            print("imports non-system DLLs:", ", ".join(foreign))
+            failed = True
+        print("imports:", ", ".join(sorted(imports)))
+    else:
+        exports = elf_exports(args.objdump, args.binary)
+    for name in sorted(expected - exports):
+        print("missing export:", name)
+        failed = True
+    for name in sorted(exports - expected):
+        print("unexpected export:", name)
+        failed = True
+    print(f"{len(exports)} exports checked against {len(expected)} manifest names")
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <string>
+
+#include "qnutil/qnutil.h"
+#include "support/test_support.h"
+
+using qnutil_test::MessageCapture;
+using qnutil_test::read_file;
+using qnutil_test::ScratchDir;
+using qnutil_test::write_file;
+
+namespace {
+
+// The log is opened in the C runtime's text mode: CR LF line ends on Windows.
+#ifdef _WIN32
+#define LINE_END "\r\n"
+#else
+#define LINE_END "\n"
+#endif
+
+// Windows-1252 texts of the module's string table.
+const std::string kSubstitutedNotice =
+    "Die Datei %s konnte nicht als aktuelle Logdatei ge\xF6" "ffnet werden. \n\n"
+    "Meldungen werden in der Datei %s protokolliert!";
+const std::string kNoLogfileNotice =
+    "Es konnte keine Logdatei im Ausf\xFChrungsverzeichnis angelegt oder ge\xF6" "ffnet werden!";
+
+std::string substituted_notice(const std::string& requested, const std::string& used) {
+  std::string text = kSubstitutedNotice;
+  text.replace(text.find("%s"), 2, requested);
+  text.replace(text.find("%s"), 2, used);
+  return text;
+}
+
+class LogTest : public testing::Test {
+ protected:
+  void TearDown() override { QnUtil_SetWriteToLogfile(0, nullptr, 0); }
+  ScratchDir dir;
+  MessageCapture capture;
+};
+
+TEST_F(LogTest, MessageBecomesOneTimeStampedLineAndNoBox) {
+  const std::string log = dir.file("run.log");
+  QnUtil_SetWriteToLogfile(1, log.c_str(), 0);
+  ASSERT_EQ(QnUtil_GetWriteToLogfile(), 1);
+  QnUtil_Message("a", "b", nullptr, "unit", 5);
+  QnUtil_Message("plain", nullptr, nullptr, nullptr, 0);
+  EXPECT_TRUE(capture.boxes().empty());
+  const std::string text = read_file(log);
+  const std::regex line_shape(
+      "(January|February|March|April|May|June|July|August|September|October|November|December)"
+      " [0-3][0-9], [0-9]{4}, [0-2][0-9]:[0-5][0-9] :: ab in \"unit\" line 5" LINE_END
+      "[A-Za-z]+ [0-9]{2}, [0-9]{4}, [0-9]{2}:[0-9]{2} :: plain in \"\" line 0" LINE_END);
+  EXPECT_TRUE(std::regex_match(text, line_shape)) << text;
+}
+
+TEST_F(LogTest, EnabledWithoutFileStillShowsBoxes) {
+  QnUtil_SetWriteToLogfile(1, nullptr, 0);
+  EXPECT_EQ(QnUtil_GetWriteToLogfile(), 1);
+  QnUtil_Message("visible", nullptr, nullptr, nullptr, 0);
+  ASSERT_EQ(capture.boxes().size(), 1u);
+  EXPECT_EQ(capture.boxes()[0].text, "visible");
+}
+
+TEST_F(LogTest, TruncateAndAppendModes) {
+  const std::string log = dir.file("modes.log");
+  write_file(log, "old\n");
+  QnUtil_SetWriteToLogfile(1, log.c_str(), 1);
+  QnUtil_Message("appended", nullptr, nullptr, nullptr, 0);
+  QnUtil_SetWriteToLogfile(0, nullptr, 0);
+  const std::string appended = read_file(log);
+  EXPECT_EQ(appended.rfind("old\n", 0), 0u);
+  EXPECT_NE(appended.find("appended"), std::string::npos);
+
+  QnUtil_SetWriteToLogfile(1, log.c_str(), 0);
+  QnUtil_Message("fresh", nullptr, nullptr, nullptr, 0);
+  QnUtil_SetWriteToLogfile(0, nullptr, 0);
+  const std::string truncated = read_file(log);
+  EXPECT_EQ(truncated.find("old"), std::string::npos);
+  EXPECT_EQ(truncated.find("appended"), std::string::npos);
+  EXPECT_NE(truncated.find("fresh"), std::string::npos);
+}
+
+TEST_F(LogTest, EnablingTwiceKeepsTheFirstFile) {
+  const std::string first = dir.file("first.log");
+  const std::string second = dir.file("second.log");
+  QnUtil_SetWriteToLogfile(1, first.c_str(), 0);
+  QnUtil_SetWriteToLogfile(1, second.c_str(), 0);
+  QnUtil_Message("where", nullptr, nullptr, nullptr, 0);
+  EXPECT_NE(read_file(first).find("where"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(second));
+}
+
+TEST_F(LogTest, DisablingStopsLoggingAndShowsBoxesAgain) {
+  const std::string log = dir.file("off.log");
+  QnUtil_SetWriteToLogfile(1, log.c_str(), 0);
+  QnUtil_SetWriteToLogfile(0, log.c_str(), 0);
+  EXPECT_EQ(QnUtil_GetWriteToLogfile(), 0);
+  QnUtil_Message("boxed", nullptr, nullptr, nullptr, 0);
+  EXPECT_EQ(capture.boxes().size(), 1u);
+  EXPECT_EQ(read_file(log), "");
+}
+
+TEST_F(LogTest, UnopenableNameFallsBackToNumberedName) {
+  // A directory of the requested name cannot be opened as a file.
+  const std::string requested = dir.file("taken");
+  std::filesystem::create_directory(requested);
+  const std::string used = requested + "_1";
+  QnUtil_SetWriteToLogfile(1, requested.c_str(), 1);
+  ASSERT_EQ(capture.boxes().size(), 1u);
+  EXPECT_EQ(capture.boxes()[0].caption, "");
+  EXPECT_EQ(capture.boxes()[0].text, substituted_notice(requested, used));
+  EXPECT_EQ(QnUtil_GetWriteToLogfile(), 1);
+  QnUtil_Message("redirected", nullptr, nullptr, nullptr, 0);
+  EXPECT_NE(read_file(used).find("redirected"), std::string::npos);
+}
+
+TEST_F(LogTest, FallbackSkipsNamesThatCannotBeOpenedEither) {
+  const std::string requested = dir.file("busy");
+  for (const char* suffix : {"", "_1", "_2"}) std::filesystem::create_directory(requested + suffix);
+  QnUtil_SetWriteToLogfile(1, requested.c_str(), 0);
+  ASSERT_EQ(capture.boxes().size(), 1u);
+  EXPECT_EQ(capture.boxes()[0].text, substituted_notice(requested, requested + "_3"));
+}
+
+TEST_F(LogTest, TwentyFailuresClearTheFlag) {
+  const std::string requested = dir.file("missing-folder/run.log");
+  QnUtil_SetWriteToLogfile(1, requested.c_str(), 0);
+  EXPECT_EQ(QnUtil_GetWriteToLogfile(), 0);
+  ASSERT_EQ(capture.boxes().size(), 1u);
+  EXPECT_EQ(capture.boxes()[0].text, kNoLogfileNotice);
+  capture.clear();
+  QnUtil_Message("still boxed", nullptr, nullptr, nullptr, 0);
+  EXPECT_EQ(capture.boxes().size(), 1u);
+}
+
+}  // namespace

@@ -1,0 +1,49 @@
+#include <gtest/gtest.h>
+
+#include "qnutil/qnutil.h"
+#include "support/test_support.h"
+
+using qnutil_test::MessageCapture;
+
+struct BoxCase {
+  const char* text;
+  const char* extra1;
+  const char* extra2;
+  const char* source;
+  int line;
+  const char* caption;
+  const char* body;
+};
+
+class MessageBoxTest : public testing::TestWithParam<BoxCase> {};
+
+TEST_P(MessageBoxTest, CaptionAndBody) {
+  const BoxCase& c = GetParam();
+  MessageCapture capture;
+  QnUtil_Message(c.text, c.extra1, c.extra2, c.source, c.line);
+  ASSERT_EQ(capture.boxes().size(), 1u);
+  EXPECT_EQ(capture.boxes()[0].caption, c.caption);
+  EXPECT_EQ(capture.boxes()[0].text, c.body);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Messages, MessageBoxTest,
+    testing::Values(BoxCase{"a", "b", nullptr, nullptr, 0, "MESSAGE", "ab"},
+                    BoxCase{"a", nullptr, "c", nullptr, 7, "MESSAGE", "ac"},
+                    BoxCase{nullptr, nullptr, nullptr, nullptr, 0, "MESSAGE", ""},
+                    BoxCase{"x", "y", "z", "qnutilenv", 42, "MESSAGE in \"qnutilenv\" line 42:",
+                            "xyz"},
+                    BoxCase{"", nullptr, nullptr, "", -1, "MESSAGE in \"\" line -1:", ""}));
+
+TEST(MessageHandler, NullRestoresDefaultAndStopsCapturing) {
+  int calls = 0;
+  auto count = [](const char*, const char*, void* user) { ++*static_cast<int*>(user); };
+  QnUtil_SetMessageHandler(+count, &calls);
+  QnUtil_Message("one", nullptr, nullptr, nullptr, 0);
+  QnUtil_SetMessageHandler(nullptr, nullptr);
+  // The default presentation must not block a headless run (stderr on POSIX).
+#ifndef _WIN32
+  QnUtil_Message("to stderr", nullptr, nullptr, nullptr, 0);
+#endif
+  EXPECT_EQ(calls, 1);
+}
