@@ -38,21 +38,37 @@ void print_help() {
   for (const Command& command : sorted) std::printf("  %-10s %s\n", command.name, command.summary);
 }
 
+int print_usage(const Command& command) {
+  std::printf("usage: qnutil %s\n\n%s\n", command.usage, command.summary);
+  return 0;
+}
+
+bool is_help_flag(const char* arg) {
+  return std::strcmp(arg, "--help") == 0 || std::strcmp(arg, "-h") == 0;
+}
+
 int run_help(int argc, char** argv) {
   if (argc < 3) {
     print_help();
     return 0;
   }
-  if (const Command* command = find_command(argv[2])) {
-    std::printf("usage: qnutil %s\n\n%s\n", command->usage, command->summary);
-    return 0;
-  }
+  if (const Command* command = find_command(argv[2])) return print_usage(*command);
   std::fprintf(stderr, "qnutil: unknown command '%s'\n", argv[2]);
   return 2;
 }
 
+// The source tree's samples when run from a build tree, else the installed
+// copy beside the program (<prefix>/share/qnutil/samples).
+std::filesystem::path default_samples_dir(const char* program) {
+  std::filesystem::path built_in = QNUTIL_SAMPLES_DIR;
+  std::error_code error;
+  if (std::filesystem::is_directory(built_in, error)) return built_in;
+  return std::filesystem::absolute(program, error).parent_path().parent_path() / "share" /
+         "qnutil" / "samples";
+}
+
 int run_demo(int argc, char** argv) {
-  DemoContext context{QNUTIL_SAMPLES_DIR, "qnutil-demo-out"};
+  DemoContext context{default_samples_dir(argv[0]), "qnutil-demo-out"};
   for (int i = 2; i < argc; ++i) {
     if (std::strcmp(argv[i], "--samples") == 0 && i + 1 < argc) {
       context.samples = argv[++i];
@@ -102,11 +118,10 @@ int main(int argc, char** argv) {
                 QNUTIL_VERSION_MAJOR, QNUTIL_VERSION_MINOR, QNUTIL_VERSION_PATCH);
     return QnUtil_GetVersion() == QNUTIL_VERSION ? 0 : 1;
   }
-  if (std::strcmp(name, "help") == 0 || std::strcmp(name, "--help") == 0 ||
-      std::strcmp(name, "-h") == 0)
-    return run_help(argc, argv);
+  if (std::strcmp(name, "help") == 0 || is_help_flag(name)) return run_help(argc, argv);
   if (std::strcmp(name, "demo") == 0) return run_demo(argc, argv);
-  if (const Command* command = find_command(name)) return command->run(argc - 1, argv + 1);
+  if (const Command* command = find_command(name))
+    return argc > 2 && is_help_flag(argv[2]) ? print_usage(*command) : command->run(argc - 1, argv + 1);
   std::fprintf(stderr, "qnutil: unknown command '%s' (try 'qnutil help')\n", name);
   return 2;
 }
