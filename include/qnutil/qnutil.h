@@ -7,5 +7,9 @@
 
 #include "common.h"
 #include "frame.h"
+#include "numeric.h"
+#include "files.h"
+
+#include "system.h"
 
 #endif /* QNUTIL_QNUTIL_H */

@@ -1,0 +1,36 @@
+// Taking paths apart and joining them, the way every family of the library
+// composes file names.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace qnutil::files {
+
+// Buffer sizes of the pieces, terminator included; also the size of a
+// composed path.
+inline constexpr std::size_t kDriveSize = 3;
+inline constexpr std::size_t kFolderSize = 256;
+inline constexpr std::size_t kNameSize = 256;
+inline constexpr std::size_t kPathSize = 260;
+
+struct PathPieces {
+  char drive[kDriveSize];    // "C:" or empty
+  char folder[kFolderSize];  // with its trailing separator where present
+  char name[kNameSize];      // file name and extension joined
+};
+
+// Splits `path` (null counts as empty) into drive, folder and name. Pieces
+// longer than their buffers are cut, as the run-time's splitter does.
+void split_path(const char* path, PathPieces& pieces);
+
+// The composition rules of QnUtil_Makepath: `file` under `sub` under
+// `base`, a piece with a drive ending the climb; case folded as the
+// platform's paths are. Any piece may be null.
+std::string compose_path(const char* base, const char* sub, const char* file);
+
+// Index of the last character's first byte, stepping over double-byte
+// characters from the start; npos for an empty text.
+std::size_t last_character_index(const std::string& text);
+
+}  // namespace qnutil::files

@@ -1,0 +1,211 @@
+// Path splitting and composition. Cases are written with '/' and turned
+// into the platform's spelling: '\\' and lower case on Windows.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+#include <string>
+
+#include "qnutil/qnutil.h"
+
+#ifdef _WIN32
+#include <stdlib.h>
+#include <windows.h>
+#endif
+
+namespace {
+
+#ifdef _WIN32
+constexpr char kSep = '\\';
+#else
+constexpr char kSep = '/';
+#endif
+
+const char* native(const char* text, std::string& storage) {
+  if (text == nullptr) return nullptr;
+  storage = text;
+  std::replace(storage.begin(), storage.end(), '/', kSep);
+  return storage.c_str();
+}
+
+std::string expected_path(std::string text) {
+  std::replace(text.begin(), text.end(), '/', kSep);
+#ifdef _WIN32
+  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+#endif
+  return text;
+}
+
+std::string makepath(const char* base, const char* sub, const char* file) {
+  char out[QNUTIL_PATH_SIZE];
+  std::memset(out, 'x', sizeof out);
+  EXPECT_EQ(QnUtil_Makepath(out, base, sub, file), out);
+  return out;
+}
+
+struct ComposeCase {
+  const char* base;
+  const char* sub;
+  const char* file;
+  const char* expected;
+};
+
+class MakepathTest : public ::testing::TestWithParam<ComposeCase> {};
+
+TEST_P(MakepathTest, ComposesPieces) {
+  const ComposeCase& c = GetParam();
+  std::string base, sub, file;
+  EXPECT_EQ(makepath(native(c.base, base), native(c.sub, sub), native(c.file, file)),
+            expected_path(c.expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    RelativePieces, MakepathTest,
+    ::testing::Values(ComposeCase{"/Base", "Sub", "f.TXT", "/Base/Sub/f.TXT"},
+                      ComposeCase{nullptr, nullptr, nullptr, ""},
+                      ComposeCase{"", "", "", ""},
+                      ComposeCase{nullptr, "sub/", "f.txt", "sub/f.txt"},
+                      ComposeCase{nullptr, "sub/", "/f.txt", "sub/f.txt"},
+                      ComposeCase{nullptr, "sub", "/f.txt", "sub/f.txt"},
+                      ComposeCase{"base", nullptr, "f", "base/f"},
+                      ComposeCase{nullptr, "Sub", nullptr, "Sub"},
+                      ComposeCase{"b", "s", nullptr, "b/s"},
+                      ComposeCase{"b/", "/s/", "f", "b/s/f"},
+                      ComposeCase{"", "", "x", "x"},
+                      ComposeCase{"a", "b.c", "d.e", "a/b.c/d.e"},
+                      ComposeCase{"a", "b", "c/d/e.f", "a/b/c/d/e.f"},
+                      ComposeCase{"/", nullptr, "f", "/f"},
+                      ComposeCase{"a", "", "f", "a/f"}));
+
+#ifdef _WIN32
+INSTANTIATE_TEST_SUITE_P(
+    DriveEndsTheClimb, MakepathTest,
+    ::testing::Values(ComposeCase{"C:\\base", "sub", "f.TXT", "c:\\base\\sub\\f.txt"},
+                      ComposeCase{"C:\\base", "sub", "D:\\x\\f.txt", "d:\\x\\f.txt"},
+                      ComposeCase{"C:\\b", "E:\\s", "f", "e:\\s\\f"},
+                      ComposeCase{"C:\\b", "s", "D:f", "d:f"},
+                      ComposeCase{"C:", "s", "f", "c:s\\f"},
+                      // Only a backslash counts as the joint's separator.
+                      ComposeCase{nullptr, "a/", "\\f", "a/\\f"}));
+#else
+INSTANTIATE_TEST_SUITE_P(
+    NoDriveLetters, MakepathTest,
+    ::testing::Values(ComposeCase{"C:/base", "Sub", "D:/f.TXT", "C:/base/Sub/D:/f.TXT"},
+                      ComposeCase{nullptr, "a\\", "f", "a\\/f"}));
+#endif
+
+TEST(Makepath, NullOutputWritesNothing) {
+  EXPECT_EQ(QnUtil_Makepath(nullptr, "a", "b", "c"), nullptr);
+}
+
+TEST(Makepath, OverlongResultIsCutToTheBuffer) {
+  const std::string piece(200, 'a');
+  char out[QNUTIL_PATH_SIZE + 8];
+  std::memset(out, 'x', sizeof out);
+  QnUtil_Makepath(out, piece.c_str(), piece.c_str(), piece.c_str());
+  EXPECT_EQ(std::strlen(out), QNUTIL_PATH_SIZE - 1u);
+  EXPECT_EQ(out[QNUTIL_PATH_SIZE], 'x');
+}
+
+struct DivideCase {
+  const char* path;
+  const char* drive;
+  const char* dir;
+  const char* name;
+};
+
+class DivideTest : public ::testing::TestWithParam<DivideCase> {};
+
+TEST_P(DivideTest, SplitsIntoThreePieces) {
+  const DivideCase& c = GetParam();
+  std::string path, dir, name;
+  char drive_out[QNUTIL_DRIVE_SIZE], dir_out[QNUTIL_FOLDER_SIZE], name_out[QNUTIL_NAME_SIZE];
+  EXPECT_EQ(QnUtil_Divide(native(c.path, path), drive_out, dir_out, name_out), 0);
+  EXPECT_STREQ(drive_out, c.drive);
+  EXPECT_STREQ(dir_out, native(c.dir, dir));
+  EXPECT_STREQ(name_out, native(c.name, name));
+}
+
+INSTANTIATE_TEST_SUITE_P(Pieces, DivideTest,
+                         ::testing::Values(DivideCase{"", "", "", ""},
+                                           DivideCase{"f.txt", "", "", "f.txt"},
+                                           DivideCase{"/a/b/f.tar.gz", "", "/a/b/", "f.tar.gz"},
+                                           DivideCase{"a/b/", "", "a/b/", ""},
+                                           DivideCase{".profile", "", "", ".profile"},
+                                           DivideCase{"a.d/noext", "", "a.d/", "noext"}));
+
+TEST(Divide, NullPathGivesEmptyPiecesAndCutsLongOnes) {
+  char drive[QNUTIL_DRIVE_SIZE] = "x", dir[QNUTIL_FOLDER_SIZE] = "x", name[QNUTIL_NAME_SIZE] = "x";
+  EXPECT_EQ(QnUtil_Divide(nullptr, drive, dir, name), 0);
+  EXPECT_STREQ(drive, "");
+  EXPECT_STREQ(dir, "");
+  EXPECT_STREQ(name, "");
+  const std::string longPath = std::string(400, 'd') + kSep + std::string(400, 'n');
+  EXPECT_EQ(QnUtil_Divide(longPath.c_str(), drive, dir, name), 0);
+  EXPECT_EQ(std::string(dir), std::string(QNUTIL_FOLDER_SIZE - 1, 'd'));
+  EXPECT_EQ(std::string(name), std::string(QNUTIL_NAME_SIZE - 1, 'n'));
+}
+
+#ifdef _WIN32
+// The run-time's own splitter is the reference for paths within its limits.
+TEST(Divide, AgreesWithTheRunTimeSplitter) {
+  for (const char* path : {"C:\\a\\b.c", "c:f", "\\\\server\\share\\f.x", "C:/x/y/", "x:", "a:b:c",
+                           "..\\up", "C:\\dir.d\\file", "/mixed\\seps/f"}) {
+    char drive[_MAX_DRIVE], dir[_MAX_DIR], fname[_MAX_FNAME], ext[_MAX_EXT];
+    _splitpath(path, drive, dir, fname, ext);
+    char our_drive[QNUTIL_DRIVE_SIZE], our_dir[QNUTIL_FOLDER_SIZE], our_name[QNUTIL_NAME_SIZE];
+    QnUtil_Divide(path, our_drive, our_dir, our_name);
+    EXPECT_STREQ(our_drive, drive) << path;
+    EXPECT_STREQ(our_dir, dir) << path;
+    EXPECT_EQ(std::string(our_name), std::string(fname) + ext) << path;
+  }
+}
+#endif
+
+struct ExtensionCase {
+  const char* name;
+  int position;
+};
+
+class ExtensionTest : public ::testing::TestWithParam<ExtensionCase> {};
+
+TEST_P(ExtensionTest, FindsTheDot) {
+  EXPECT_EQ(QnUtil_GetExtensionPos(GetParam().name), GetParam().position);
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, ExtensionTest,
+                         ::testing::Values(ExtensionCase{"a", -1}, ExtensionCase{"", -1},
+                                           ExtensionCase{".x", -1}, ExtensionCase{nullptr, -1},
+                                           ExtensionCase{"a.b.c", 3}, ExtensionCase{"ab.", 2},
+                                           ExtensionCase{"a.", 1}, ExtensionCase{"..", 1},
+                                           ExtensionCase{"dir.d\\file", 3},
+                                           ExtensionCase{"dir.d/file", 3}));
+
+#ifdef _WIN32
+// Run with a double-byte ANSI code page (e.g. Wine with LANG=ja_JP.UTF-8,
+// code page 932): 0x5C as the trail byte of a character is no separator.
+class DoubleByteCodePage : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (!IsDBCSLeadByte(0x95)) GTEST_SKIP() << "ANSI code page " << GetACP() << " has no lead byte 0x95";
+  }
+};
+
+// "\x95\x5C" is one Shift-JIS character ending in the byte of '\\'.
+TEST_F(DoubleByteCodePage, TrailByteIsNoSeparator) {
+  EXPECT_EQ(makepath(nullptr, "\x95\x5C", "f.txt"), "\x95\x5C\\f.txt");
+  EXPECT_EQ(makepath(nullptr, "\x95\x5C\\", "\\f.txt"), "\x95\x5C\\f.txt");
+  char drive[QNUTIL_DRIVE_SIZE], dir[QNUTIL_FOLDER_SIZE], name[QNUTIL_NAME_SIZE];
+  QnUtil_Divide("a\\\x95\x5C", drive, dir, name);
+  EXPECT_STREQ(dir, "a\\");
+  EXPECT_STREQ(name, "\x95\x5C");
+}
+
+// "\x83\x41" is one character whose trail byte is the byte of 'A'.
+TEST_F(DoubleByteCodePage, LowerCasingLeavesTrailBytes) {
+  EXPECT_EQ(makepath("C:\\D", nullptr, "\x83\x41.TXT"), "c:\\d\\\x83\x41.txt");
+}
+#endif
+
+}  // namespace
