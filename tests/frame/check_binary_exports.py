@@ -64,11 +64,40 @@ def elf_exports(objdump, binary):
     return exports
 
 
+def import_lib_names(nm, lib):
+    """Names an MSVC import library provides, from its __imp_ symbols (on
+    i386 the C names carry the cdecl underscore after the prefix)."""
+    text = subprocess.run([nm, lib], check=True, capture_output=True, text=True).stdout
+    names = set()
+    for line in text.splitlines():
+        fields = line.split()
+        if fields and fields[-1].startswith("__imp_"):
+            name = fields[-1][len("__imp_"):]
+            names.add(name)
+    if names and all(n.startswith("_") for n in names):
+        names = {n[1:] for n in names}
+    return names
+
+
+def compare(what, expected, actual):
+    ok = True
+    for name in sorted(expected - actual):
+        print(f"{what}: missing export: {name}")
+        ok = False
+    for name in sorted(actual - expected):
+        print(f"{what}: unexpected export: {name}")
+        ok = False
+    print(f"{what}: {len(actual)} exports checked against {len(expected)} manifest names")
+    return ok
+
+
 def main():
     ap = argparse.ArgumentParser()
     ap.add_argument("--manifest", required=True)
     ap.add_argument("--kind", choices=["pe", "elf"], required=True)
     ap.add_argument("--objdump", default="objdump")
+    ap.add_argument("--import-lib", help="MSVC import library to check as well")
+    ap.add_argument("--nm", default="llvm-nm")
     ap.add_argument("binary")
     args = ap.parse_args()
 
@@ -83,13 +112,11 @@ def main():
         print("imports:", ", ".join(sorted(imports)))
     else:
         exports = elf_exports(args.objdump, args.binary)
-    for name in sorted(expected - exports):
-        print("missing export:", name)
+    if not compare(args.binary, expected, exports):
         failed = True
-    for name in sorted(exports - expected):
-        print("unexpected export:", name)
+    if args.import_lib and not compare(args.import_lib, expected,
+                                       import_lib_names(args.nm, args.import_lib)):
         failed = True
-    print(f"{len(exports)} exports checked against {len(expected)} manifest names")
     return 1 if failed else 0
 
 
