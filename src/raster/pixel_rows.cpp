@@ -1,0 +1,81 @@
+#include "raster/pixel_rows.h"
+
+#include <cstring>
+
+namespace qnutil::raster {
+namespace {
+
+uint32_t load_le32(const uint8_t* bytes) {
+  uint32_t word;
+  std::memcpy(&word, bytes, 4);
+  return word;  // every target of the library is little-endian
+}
+
+void store_le32(uint8_t* bytes, uint32_t word) { std::memcpy(bytes, &word, 4); }
+
+// Four 24-bit pixels are three whole words: unpacking and packing them a
+// group at a time keeps the loops free of byte loads and stores.
+void row_24_to_working(const uint8_t* source, uint32_t* destination, int width) {
+  int x = 0;
+  for (; x + 4 <= width; x += 4, source += 12) {
+    const uint32_t w0 = load_le32(source), w1 = load_le32(source + 4), w2 = load_le32(source + 8);
+    destination[x] = w0 & 0xFFFFFFu;
+    destination[x + 1] = ((w0 >> 24) | (w1 << 8)) & 0xFFFFFFu;
+    destination[x + 2] = ((w1 >> 16) | (w2 << 16)) & 0xFFFFFFu;
+    destination[x + 3] = w2 >> 8;
+  }
+  for (; x < width; ++x, source += 3)
+    destination[x] = source[0] | uint32_t{source[1]} << 8 | uint32_t{source[2]} << 16;
+}
+
+}  // namespace
+
+void palette_words(const uint8_t* palette, uint32_t words[256]) {
+  for (int i = 0; i < 256; ++i) {
+    const uint8_t* entry = palette + 4 * i;
+    words[i] = entry[0] | uint32_t{entry[1]} << 8 | uint32_t{entry[2]} << 16;
+  }
+}
+
+void row_to_working(const uint8_t* source, uint32_t* destination, int width, unsigned bit_count,
+                    const uint32_t* palette_words) {
+  switch (bit_count) {
+    case 8:
+      for (int x = 0; x < width; ++x) destination[x] = palette_words[source[x]];
+      break;
+    case 16:
+      for (int x = 0; x < width; ++x) {
+        const uint32_t w = source[2 * x] | uint32_t{source[2 * x + 1]} << 8;
+        destination[x] = ((w >> 10) & 31) << 16 | ((w >> 5) & 31) << 8 | (w & 31);
+      }
+      break;
+    case 24:
+      row_24_to_working(source, destination, width);
+      break;
+    case 32:
+      std::memcpy(destination, source, static_cast<size_t>(width) * 4);
+      break;
+    default:
+      std::memset(destination, 0, static_cast<size_t>(width) * 4);
+      break;
+  }
+}
+
+void row_to_24bit(const uint32_t* source, uint8_t* destination, int width, uint32_t stride) {
+  uint8_t* out = destination;
+  int x = 0;
+  for (; x + 4 <= width; x += 4, out += 12) {
+    const uint32_t p0 = source[x], p1 = source[x + 1], p2 = source[x + 2], p3 = source[x + 3];
+    store_le32(out, (p0 & 0xFFFFFFu) | p1 << 24);
+    store_le32(out + 4, ((p1 >> 8) & 0xFFFFu) | p2 << 16);
+    store_le32(out + 8, ((p2 >> 16) & 0xFFu) | p3 << 8);
+  }
+  for (; x < width; ++x, out += 3) {
+    out[0] = static_cast<uint8_t>(source[x]);
+    out[1] = static_cast<uint8_t>(source[x] >> 8);
+    out[2] = static_cast<uint8_t>(source[x] >> 16);
+  }
+  std::memset(out, 0, stride - static_cast<uint32_t>(out - destination));
+}
+
+}  // namespace qnutil::raster
