@@ -1,0 +1,177 @@
+#include "numeric/triangulation/delaunay_builder.h"
+
+#include <cmath>
+#include <utility>
+
+namespace qnutil::triangulation {
+namespace {
+
+constexpr double kDuplicateTolerance = 1e-5;
+constexpr EdgeRef kNoEdgeYet = 0xFFFFFFFFu;
+
+double squared_distance(const Point& a, const Point& b) {
+  const double dx = a.x - b.x, dy = a.y - b.y;
+  return dx * dx + dy * dy;
+}
+
+}  // namespace
+
+DelaunayBuilder::DelaunayBuilder(const std::vector<Point>& vertices, VertexId a, VertexId b, VertexId c,
+                                 const Point& points_min, const Point& points_max, std::size_t expected_points)
+    : vertices_(vertices), edge_from_(vertices.size(), kNoEdgeYet), index_(points_min, points_max, expected_points) {
+  // A triangulation of k points has at most 3k - 6 edges; each point that
+  // falls on an edge leaves one dead record behind.
+  mesh_.reserve(3 * (expected_points + 3) + expected_points / 8 + 8);
+  const EdgeRef ab = mesh_.make_edge(a, b);
+  const EdgeRef bc = mesh_.make_edge(b, c);
+  mesh_.splice(QuadEdgeMesh::sym(ab), bc);
+  const EdgeRef ca = mesh_.make_edge(c, a);
+  mesh_.splice(QuadEdgeMesh::sym(bc), ca);
+  mesh_.splice(QuadEdgeMesh::sym(ca), ab);
+  edge_from_[a] = ab;
+  edge_from_[b] = bc;
+  edge_from_[c] = ca;
+  starting_edge_ = ab;
+}
+
+bool DelaunayBuilder::random_bit() {
+  random_state_ ^= random_state_ << 13;
+  random_state_ ^= random_state_ >> 17;
+  random_state_ ^= random_state_ << 5;
+  return (random_state_ & 1u) != 0;
+}
+
+// The walk starts at whichever is nearer: the vertex the index offers or
+// the vertex inserted last (inputs often arrive in spatial order).
+EdgeRef DelaunayBuilder::walk_start(const Point& p) const {
+  const EdgeRef last = QuadEdgeMesh::sym(starting_edge_);
+  const VertexId indexed = index_.near(p);
+  if (indexed == VertexIndex::kNone) return last;
+  const double last_distance = squared_distance(vertices_[mesh_.origin(last)], p);
+  return squared_distance(vertices_[indexed], p) < last_distance ? edge_from_[indexed] : last;
+}
+
+// Visibility walk: cross any edge that has p strictly on its far side. The
+// edge tested first is picked at random, which rules out the endless cycles
+// a fixed order can run into; a scan of all faces backs up a walk that
+// still takes longer than the mesh is large.
+EdgeRef DelaunayBuilder::locate(const Point& p, EdgeRef e) {
+  if (orientation_of(e, p) < 0) e = QuadEdgeMesh::sym(e);
+  const std::size_t step_limit = 64 + 2 * mesh_.record_count();
+  for (std::size_t steps = 0; steps < step_limit; ++steps) {
+    EdgeRef first = mesh_.lnext(e);
+    EdgeRef second = mesh_.lnext(first);
+    if (random_bit()) std::swap(first, second);
+    if (orientation_of(first, p) < 0) {
+      e = QuadEdgeMesh::sym(first);
+    } else if (orientation_of(second, p) < 0) {
+      e = QuadEdgeMesh::sym(second);
+    } else {
+      return e;
+    }
+  }
+  return locate_by_scan(p);
+}
+
+bool DelaunayBuilder::left_face_contains(EdgeRef e, const Point& p) const {
+  const EdgeRef e1 = mesh_.lnext(e);
+  const EdgeRef e2 = mesh_.lnext(e1);
+  if (mesh_.lnext(e2) != e) return false;
+  const Point& o = vertices_[mesh_.origin(e)];
+  const Point& d = vertices_[mesh_.destination(e)];
+  const Point& w = vertices_[mesh_.destination(e1)];
+  return orientation(o, d, w) > 0 && orientation(o, d, p) >= 0 && orientation(d, w, p) >= 0 &&
+         orientation(w, o, p) >= 0;
+}
+
+EdgeRef DelaunayBuilder::locate_by_scan(const Point& p) const {
+  for (std::size_t record = 0; record < mesh_.record_count(); ++record) {
+    if (!mesh_.alive(record)) continue;
+    for (int direction = 0; direction < 2; ++direction) {
+      const EdgeRef e = QuadEdgeMesh::primal(record, direction);
+      if (left_face_contains(e, p)) return e;
+    }
+  }
+  return starting_edge_;  // unreachable for points inside the enclosing triangle
+}
+
+// The duplicate rule compares with the corners of the face found; a point
+// that coincides exactly with a vertex always lands in a face of which that
+// vertex is a corner, so exact repeats are always caught.
+bool DelaunayBuilder::is_near_duplicate(const Point& p, EdgeRef face) const {
+  EdgeRef e = face;
+  do {
+    const Point& q = vertices_[mesh_.origin(e)];
+    if (std::fabs(p.x - q.x) <= kDuplicateTolerance && std::fabs(p.y - q.y) <= kDuplicateTolerance) return true;
+    e = mesh_.lnext(e);
+  } while (e != face);
+  return false;
+}
+
+bool DelaunayBuilder::insert(VertexId v) {
+  const Point& p = vertices_[v];
+  EdgeRef e = locate(p, walk_start(p));
+  if (is_near_duplicate(p, e)) return false;
+  // p is not a corner, so at most one edge of the face passes through it.
+  if (orientation_of(mesh_.lnext(e), p) == 0) {
+    e = mesh_.lnext(e);
+  } else if (orientation_of(mesh_.lprev(e), p) == 0) {
+    e = mesh_.lprev(e);
+  }
+  if (orientation_of(e, p) == 0) {
+    // On an edge: remove it so that p lies inside the quadrilateral of the
+    // two faces it separated.
+    const EdgeRef on = e;
+    e = mesh_.oprev(e);
+    delete_edge(on);
+  }
+  EdgeRef base = mesh_.make_edge(mesh_.origin(e), v);
+  mesh_.splice(base, e);
+  starting_edge_ = base;
+  edge_from_[v] = QuadEdgeMesh::sym(base);
+  do {
+    base = mesh_.connect(e, QuadEdgeMesh::sym(base));
+    e = mesh_.oprev(base);
+  } while (mesh_.lnext(e) != starting_edge_);
+  restore_delaunay(v, e);
+  index_.add(v, p);
+  return true;
+}
+
+// Walks the edges opposite the new point; an edge whose far vertex lies in
+// the circle through the new point and the edge's ends is swapped, which
+// brings two more edges under suspicion. Points on the circle stay, so the
+// walk ends on every input, cocircular ones included.
+void DelaunayBuilder::restore_delaunay(VertexId v, EdgeRef e) {
+  const Point& p = vertices_[v];
+  for (;;) {
+    const EdgeRef t = mesh_.oprev(e);
+    const Point& far = vertices_[mesh_.destination(t)];
+    if (orientation_of(e, far) < 0 &&
+        in_circle(vertices_[mesh_.origin(e)], far, vertices_[mesh_.destination(e)], p) > 0) {
+      swap(e);
+      e = mesh_.oprev(e);
+    } else if (mesh_.onext(e) == starting_edge_) {
+      return;
+    } else {
+      e = mesh_.lprev(mesh_.onext(e));
+    }
+  }
+}
+
+void DelaunayBuilder::keep_end_points_reachable(EdgeRef e) {
+  edge_from_[mesh_.origin(e)] = mesh_.oprev(e);
+  edge_from_[mesh_.destination(e)] = mesh_.oprev(QuadEdgeMesh::sym(e));
+}
+
+void DelaunayBuilder::delete_edge(EdgeRef e) {
+  keep_end_points_reachable(e);
+  mesh_.delete_edge(e);
+}
+
+void DelaunayBuilder::swap(EdgeRef e) {
+  keep_end_points_reachable(e);
+  mesh_.swap(e);
+}
+
+}  // namespace qnutil::triangulation

@@ -1,0 +1,58 @@
+// Incremental Delaunay triangulation in a quad-edge subdivision, in the form
+// published by Lischinski: the subdivision starts as one enclosing triangle
+// and each inserted point is connected to the corners of the face that holds
+// it, after which edges that fail the in-circle test are swapped. Points are
+// inserted in the caller's order; every decision uses the exact predicates.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "numeric/triangulation/predicates.h"
+#include "numeric/triangulation/quad_edge.h"
+#include "numeric/triangulation/vertex_index.h"
+
+namespace qnutil::triangulation {
+
+class DelaunayBuilder {
+ public:
+  // `vertices` holds every point that may be inserted plus the enclosing
+  // triangle's corners a, b, c (counter-clockwise); it must outlive the
+  // builder. The index covers the box of the points to be inserted.
+  DelaunayBuilder(const std::vector<Point>& vertices, VertexId a, VertexId b, VertexId c,
+                  const Point& points_min, const Point& points_max, std::size_t expected_points);
+
+  // Inserts vertex v, which must lie strictly inside the enclosing triangle.
+  // Returns false when it duplicates a vertex already present (both
+  // coordinates within 1e-5 of a corner of the face that holds it).
+  bool insert(VertexId v);
+
+  const QuadEdgeMesh& mesh() const { return mesh_; }
+
+ private:
+  EdgeRef walk_start(const Point& p) const;
+  // An edge whose closed left face contains p.
+  EdgeRef locate(const Point& p, EdgeRef start);
+  EdgeRef locate_by_scan(const Point& p) const;
+  bool left_face_contains(EdgeRef e, const Point& p) const;
+  bool is_near_duplicate(const Point& p, EdgeRef face) const;
+  void restore_delaunay(VertexId v, EdgeRef e);
+  // Mesh edits that keep every vertex's outgoing edge valid.
+  void delete_edge(EdgeRef e);
+  void swap(EdgeRef e);
+  void keep_end_points_reachable(EdgeRef e);
+  int orientation_of(EdgeRef e, const Point& p) const {
+    return orientation(vertices_[mesh_.origin(e)], vertices_[mesh_.destination(e)], p);
+  }
+  bool random_bit();
+
+  const std::vector<Point>& vertices_;
+  QuadEdgeMesh mesh_;
+  EdgeRef starting_edge_;             // the edge made by the last insertion
+  std::vector<EdgeRef> edge_from_;    // per vertex: an edge leaving it
+  VertexIndex index_;
+  std::uint32_t random_state_ = 0x9E3779B9u;
+};
+
+}  // namespace qnutil::triangulation

@@ -1,0 +1,85 @@
+#include "numeric/triangulation/triangulation_run.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+#include "numeric/triangulation/boundary_clip.h"
+#include "numeric/triangulation/delaunay_builder.h"
+#include "numeric/triangulation/face_emission.h"
+#include "numeric/triangulation/predicates.h"
+
+namespace qnutil::triangulation {
+namespace {
+
+// The box starts from fixed values that take part in the extremes: a
+// boundary entirely right of x = 10000 still gets min_x = 10000, and no
+// boundary at all leaves an inverted box.
+Box boundary_box(const std::vector<Point>& vertices, std::size_t boundary_count) {
+  Box box{10000.0, 10000.0, -10000.0, -10000.0};
+  for (std::size_t i = 0; i < boundary_count; ++i) {
+    const Point& p = vertices[i];
+    if (p.x > box.max_x) box.max_x = p.x;
+    if (p.x < box.min_x) box.min_x = p.x;
+    if (p.y > box.max_y) box.max_y = p.y;
+    if (p.y < box.min_y) box.min_y = p.y;
+  }
+  return box;
+}
+
+bool is_finite(const Point& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
+
+// Only points strictly inside the enclosing triangle can be inserted; the
+// others (not finite, or far outside the boundary's box) are left out.
+bool strictly_inside(const Point& p, const Point& a, const Point& b, const Point& c) {
+  return is_finite(p) && orientation(a, b, p) > 0 && orientation(b, c, p) > 0 && orientation(c, a, p) > 0;
+}
+
+}  // namespace
+
+std::vector<float> triangulate(int point_count, unsigned int boundary_count, const float* points) {
+  std::vector<float> out;
+  if (point_count < 3 || boundary_count > static_cast<unsigned int>(point_count) || points == nullptr) return out;
+  const auto n = static_cast<std::size_t>(point_count);
+  std::vector<Point> vertices(n + 3);
+  for (std::size_t i = 0; i < n; ++i) vertices[i] = {points[2 * i], points[2 * i + 1]};
+
+  const Box box = boundary_box(vertices, boundary_count);
+  // Deliberately unequal reach: B lies 3 widths right of the box, C 4 heights above it.
+  const double width = box.max_x - box.min_x, height = box.max_y - box.min_y;
+  const auto a = static_cast<VertexId>(n), b = a + 1, c = a + 2;
+  vertices[a] = {box.min_x - width, box.min_y - height};
+  vertices[b] = {box.min_x + 4.0 * width, box.min_y - height};
+  vertices[c] = {box.min_x - width, box.min_y + 5.0 * height};
+  // A boundary with no extent in x or y (or an infinite one) gives no
+  // triangle to start from, hence no triangles.
+  if (!is_finite(vertices[a]) || !is_finite(vertices[b]) || !is_finite(vertices[c]) ||
+      orientation(vertices[a], vertices[b], vertices[c]) <= 0)
+    return out;
+
+  std::vector<std::uint8_t> insertable(n);
+  std::size_t insertable_count = 0;
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  Point low{kInfinity, kInfinity}, high{-kInfinity, -kInfinity};
+  for (std::size_t i = 0; i < n; ++i) {
+    insertable[i] = strictly_inside(vertices[i], vertices[a], vertices[b], vertices[c]);
+    if (!insertable[i]) continue;
+    ++insertable_count;
+    const Point& p = vertices[i];
+    low = {std::min(low.x, p.x), std::min(low.y, p.y)};
+    high = {std::max(high.x, p.x), std::max(high.y, p.y)};
+  }
+
+  DelaunayBuilder builder(vertices, a, b, c, low, high, insertable_count);
+  for (std::size_t i = 0; i < n; ++i)
+    if (insertable[i]) builder.insert(static_cast<VertexId>(i));
+
+  out.reserve(12 * insertable_count + 64);
+  const BoundaryClip clip(box, vertices.data(), boundary_count);
+  emit_faces(builder.mesh(), vertices, a, clip, out);
+  return out;
+}
+
+}  // namespace qnutil::triangulation
