@@ -1,0 +1,176 @@
+// Puts: store texts, numbers, lists and external values, creating missing
+// sections and paths.
+#include <cstdarg>
+#include <cstdio>
+#include <string>
+
+#include "env/handle.h"
+#include "env/lookup.h"
+#include "frame/export_guard.h"
+
+using qnutil::frame::guard_export;
+
+namespace qnutil::env {
+namespace {
+
+constexpr int kFormatBuffer = 1024;
+// Filling a gap of occurrence numbers creates empty elements; a gap larger
+// than this is taken for a mistyped path rather than allocated.
+constexpr long kMaxCreatedOccurrences = 1L << 24;
+
+void store(Element* element, const char* text, unsigned external) {
+  if (text)
+    set_text(element, text);
+  else
+    set_external(element, external);
+}
+
+// Creates what the last lookup found missing below env->current: for the
+// first missing component as many elements of its name as its occurrence
+// number lacks (empty data elements, then the one that continues the
+// path), for every further component its occurrence number of elements.
+// An occurrence number 0 cannot be created and gives a bad path.
+int create_missing(EnvHandle* env, const char* text, unsigned external) {
+  const PendingSteps& pending = pending_steps();
+  Element* current = env->current;
+  long missing = pending.missing;
+  for (const PathStep* step = pending.first; step != pending.end; ++step) {
+    if (step != pending.first) missing = step->occurrence;
+    if (missing < 1 || missing > kMaxCreatedOccurrences) return ENV_BAD_PATH;
+    ElementList& list = make_block(current);
+    for (long i = 1; i < missing; ++i) list.append(new_data(step->name, ""));
+    current = new_element(step->name);
+    list.append(current);
+  }
+  if (pending.first != pending.end) store(current, text, external);
+  return ENV_OK;
+}
+
+std::string join_values(int count, const auto& format_one) {
+  std::string joined;
+  for (int i = 0; i < count; ++i) {
+    const std::string value = format_one(i);
+    const std::size_t needed = joined.size() + (i ? 1 : 0) + value.size();
+    if (needed >= static_cast<std::size_t>(kFormatBuffer)) break;
+    if (i) joined += ',';
+    joined += value;
+  }
+  return joined;
+}
+
+std::string format_long(long value) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%ld", value);
+  return text;
+}
+
+std::string format_double(double value) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%g", value);
+  return text;
+}
+
+}  // namespace
+}  // namespace qnutil::env
+
+using namespace qnutil::env;
+
+extern "C" QNUTIL_API int QNUTIL_CALL env_put_core(EnvHandle* env, const char* section,
+                                                   const char* path, const char* text,
+                                                   unsigned external) {
+  return guard_export(ENV_ERROR, [&] {
+    const int status = lookup(env, section, path, true, true);
+    switch (status) {
+      case ENV_DATA:
+      case ENV_BLOCK:
+      case ENV_EXTERNAL:
+        if (!env->isSub && !path) return ENV_OK;
+        store(env->current, text, external);
+        return ENV_OK;
+      case ENV_NOT_FOUND:
+        return create_missing(env, text, external);
+      case ENV_BAD_PATH:
+        return ENV_OK;  // callers cannot tell: nothing was stored
+      default:
+        return status;
+    }
+  });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL env_put(EnvHandle* env, const char* section,
+                                              const char* path, const char* text) {
+  if (!text) return ENV_ERROR;
+  return env_put_core(env, section, path, text, 0);
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL env_put_string(EnvHandle* env, const char* section,
+                                                     const char* path, const char* text) {
+  return env_put(env, section, path, text);
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL env_put_external(EnvHandle* env, const char* section,
+                                                       const char* path, unsigned value) {
+  return env_put_core(env, section, path, nullptr, value);
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL env_put_long(EnvHandle* env, const char* section,
+                                                   const char* path, long value) {
+  return guard_export(ENV_ERROR, [&] {
+    return env_put(env, section, path, format_long(value).c_str());
+  });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL env_put_double(EnvHandle* env, const char* section,
+                                                     const char* path, double value) {
+  return guard_export(ENV_ERROR, [&] {
+    return env_put(env, section, path, format_double(value).c_str());
+  });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL env_put_format(EnvHandle* env, const char* section,
+                                                     const char* path, const char* format,
+                                                     ...) {
+  if (!format) return ENV_ERROR;
+  char text[kFormatBuffer];
+  va_list args;
+  va_start(args, format);
+  const int length = std::vsnprintf(text, sizeof text, format, args);
+  va_end(args);
+  if (length < 0 || length >= kFormatBuffer) return ENV_ERROR;
+  return env_put(env, section, path, text);
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL env_put_longs(EnvHandle* env, const char* section,
+                                                    const char* path, int count,
+                                                    const long* values) {
+  if (count < 1 || !values) return ENV_ERROR;
+  return guard_export(ENV_ERROR, [&] {
+    const std::string joined =
+        join_values(count, [values](int i) { return format_long(values[i]); });
+    return env_put(env, section, path, joined.c_str());
+  });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL env_put_doubles(EnvHandle* env, const char* section,
+                                                      const char* path, int count,
+                                                      const double* values) {
+  if (count < 1 || !values) return ENV_ERROR;
+  return guard_export(ENV_ERROR, [&] {
+    const std::string joined =
+        join_values(count, [values](int i) { return format_double(values[i]); });
+    return env_put(env, section, path, joined.c_str());
+  });
+}
+
+// A null entry stands for the empty text.
+extern "C" QNUTIL_API int QNUTIL_CALL env_put_strings(EnvHandle* env, const char* section,
+                                                      const char* path, int count,
+                                                      const char** values) {
+  if (count < 1 || !values) return ENV_ERROR;
+  return guard_export(ENV_ERROR, [&] {
+    const std::string joined = join_values(count, [values](int i) {
+      return std::string(values[i] ? values[i] : "");
+    });
+    return env_put(env, section, path, joined.c_str());
+  });
+}
