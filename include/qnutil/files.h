@@ -21,6 +21,47 @@
 #define QNUTIL_NAME_SIZE 256
 #define QNUTIL_PATH_SIZE 260
 
+/* Flag bits of QnUtilDirEntry.flags; exactly one of FILE and FOLDER is set. */
+#define QNUTIL_ENTRY_FILE 0x001
+#define QNUTIL_ENTRY_FOLDER 0x002
+#define QNUTIL_ENTRY_READONLY 0x008
+#define QNUTIL_ENTRY_HIDDEN 0x040
+#define QNUTIL_ENTRY_SYSTEM 0x080
+#define QNUTIL_ENTRY_ARCHIVE 0x200
+
+/* One entry of a folder listing: 272 bytes on every target, walked by index. */
+#pragma pack(push, 1)
+typedef struct QnUtilDirEntry {
+  char name[256];       /* file name without folder, NUL-terminated */
+  uint32_t flags;       /* QNUTIL_ENTRY_* bits */
+  uint32_t size;        /* size in bytes, low 32 bits */
+  uint32_t mtime;       /* last write, seconds since 1970-01-01 UTC; 315529200
+                           (1 January 1980, 00:00 CET) when unknown */
+  uint8_t reserved[4];  /* not written */
+} QnUtilDirEntry;
+#pragma pack(pop)
+
+/* Mode bits of fio_open: exactly one of READ, WRITE and APPEND. */
+#define QNUTIL_FIO_READ 1     /* "r" */
+#define QNUTIL_FIO_WRITE 2    /* "w", truncating */
+#define QNUTIL_FIO_APPEND 4   /* "a" */
+#define QNUTIL_FIO_UPDATE 8   /* "+": the other direction too */
+#define QNUTIL_FIO_TEXT 16    /* "t"; without it the stream is binary */
+#define QNUTIL_FIO_HEADER 32  /* 16-byte byte-order header; ignored with APPEND or TEXT */
+
+/* byteOrder values of an fio file. */
+#define QNUTIL_FIO_LITTLE_ENDIAN 0 /* "INTEL" */
+#define QNUTIL_FIO_BIG_ENDIAN 1    /* "MOTOROLA" */
+#define QNUTIL_FIO_NO_HEADER (-1)  /* opened for a header that was not there */
+
+/* An open fio file; the host may read byteOrder. */
+typedef struct QnUtilFioFile {
+  FILE* stream;
+  int32_t byteOrder; /* QNUTIL_FIO_LITTLE_ENDIAN, _BIG_ENDIAN or _NO_HEADER */
+  int32_t mode;      /* the mode bits given to fio_open */
+  char* path;        /* the composed path ("????" if it could not be copied) */
+} QnUtilFioFile;
+
 QNUTIL_EXTERN_C_BEGIN
 
 /**
@@ -50,6 +91,84 @@ QNUTIL_API char* QNUTIL_CALL QnUtil_Makepath(char* out, const char* base, const 
  * (also for a null name).
  */
 QNUTIL_API int QNUTIL_CALL QnUtil_GetExtensionPos(const char* name);
+
+/**
+ * Lists the entries of dir (null or "" for the current folder) matching
+ * pattern ('*' and '?'; null or "" for "*.*"), in the order the file
+ * system yields them, "." and ".." included when they match. The third
+ * argument is ignored. On success returns 0 with *list a block of *count
+ * records to release with QnUtil_FreeEntries. Returns -1 with *list null
+ * and *count 0 when the folder is missing or nothing matches (or list or
+ * count is null), and 0 with an empty result when memory is short.
+ */
+QNUTIL_API int QNUTIL_CALL QnUtil_Listdir(const char* dir, const char* pattern,
+                                          unsigned int ignored, QnUtilDirEntry** list,
+                                          unsigned int* count);
+
+/** Releases a block from QnUtil_Listdir and sets *list to null; null is fine. */
+QNUTIL_API void QNUTIL_CALL QnUtil_FreeEntries(QnUtilDirEntry** list);
+
+/**
+ * Reads one field of at most max characters from stream into buf (max + 1
+ * bytes). A line feed, NUL or the end of the stream ends the field and is
+ * not stored. A carriage return followed by a line feed or NUL stores that
+ * character instead and leaves it to end the field ("abc\r\n" gives
+ * "abc\n"); before anything else it ends the field, leaving the next
+ * character unread. A carriage return at the very end pushes back the byte
+ * 0xFF, which the next call reads. Returns 0, or -1 when stream or buf is
+ * null, max < 1, or the stream is at its end (buf is then "").
+ */
+QNUTIL_API int QNUTIL_CALL QnUtil_GetString(FILE* stream, int max, char* buf);
+
+/**
+ * Writes text (null counts as "") as a field of width characters: cut when
+ * longer, padded with blanks when shorter; width 0 means the text's length.
+ * Returns 0, or -1 when stream is null or the last write failed.
+ */
+QNUTIL_API int QNUTIL_CALL QnUtil_PutString(FILE* stream, const char* text, int width);
+
+/**
+ * Opens the file name in folder dir (composed as QnUtil_Makepath does, so
+ * lower-cased on Windows) with the QNUTIL_FIO_* mode bits. With
+ * QNUTIL_FIO_HEADER (and neither APPEND nor TEXT) writing puts the header
+ * "1.1  @mb" "INTEL   " first; reading takes the first 8 bytes as a header
+ * when they contain "@mb" or "1.1" and then byteOrder tells the next 8
+ * ("MOTOROLA" is big-endian, anything else little-endian); otherwise it
+ * starts again at byte 0 with byteOrder QNUTIL_FIO_NO_HEADER. Returns the
+ * handle (release with fio_close), or null when not exactly one of READ,
+ * WRITE and APPEND is set or the file cannot be opened.
+ */
+QNUTIL_API QnUtilFioFile* QNUTIL_CALL fio_open(const char* dir, const char* name, int mode);
+
+/** Closes and releases file (null: 0). -1 when closing the stream failed, else 0. */
+QNUTIL_API int QNUTIL_CALL fio_close(QnUtilFioFile* file);
+
+/** Flushes the stream; 0, or -1 on error or a null handle. */
+QNUTIL_API int QNUTIL_CALL fio_flush(QnUtilFioFile* file);
+
+/**
+ * Reads one byte. With out null returns the byte (0-255) or -1 at the end;
+ * otherwise stores it in *out (0xFF at the end) and returns 0, or -1 at the end.
+ */
+QNUTIL_API int QNUTIL_CALL fio_getchar(QnUtilFioFile* file, unsigned char* out);
+
+/** Writes one byte; 0, or -1 on error or a null handle. */
+QNUTIL_API int QNUTIL_CALL fio_putchar(QnUtilFioFile* file, char c);
+
+/** QnUtil_GetString on the file's stream; -1 for a null handle. */
+QNUTIL_API int QNUTIL_CALL fio_getstring(QnUtilFioFile* file, int max, char* buf);
+
+/** QnUtil_PutString on the file's stream; -1 for a null handle. */
+QNUTIL_API int QNUTIL_CALL fio_putstring(QnUtilFioFile* file, const char* text, int width);
+
+/**
+ * Moves to offset from the start (origin 0), the current position (1) or
+ * the end (any other origin); 0, or -1 on error or a null handle.
+ */
+QNUTIL_API int QNUTIL_CALL fio_seek(QnUtilFioFile* file, long offset, int origin);
+
+/** The stream position, or -1 for a null handle. */
+QNUTIL_API long QNUTIL_CALL fio_tell(QnUtilFioFile* file);
 
 QNUTIL_EXTERN_C_END
 
