@@ -7,11 +7,7 @@
 
 #include "raster/pixel_layout.h"
 #include "raster/qn_bitmap.h"
-
-#if defined(__SSE2__) || defined(_M_X64)
-#include <emmintrin.h>
-#define QNUTIL_RASTER_SSE2 1
-#endif
+#include "raster/simd.h"
 
 namespace {
 
