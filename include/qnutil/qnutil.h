@@ -7,10 +7,13 @@
 
 #include "common.h"
 #include "frame.h"
-#include "raster.h"
+#include "env.h"
 #include "numeric.h"
 #include "files.h"
-
 #include "system.h"
+#include "triangulate.h"
+#include "raster.h"
+#include "ini.h"
+#include "psfilter.h"
 
 #endif /* QNUTIL_QNUTIL_H */

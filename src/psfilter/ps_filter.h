@@ -1,0 +1,57 @@
+// The filter object: one loaded plug-in module, its parameter block and the
+// state of the run in progress.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+#include "psfilter/filter_record.h"
+#include "psfilter/pipl_parser.h"
+#include "qnutil/psfilter.h"
+
+// Named as the host application knows it; opaque to C callers.
+struct PSFilter_ {
+  // Loads the module and reads its property lists; `valid` tells whether
+  // one of them described a usable filter.
+  explicit PSFilter_(const char* path);
+  virtual ~PSFilter_();
+  PSFilter_(const PSFilter_&) = delete;
+  PSFilter_& operator=(const PSFilter_&) = delete;
+
+  // Where the tiles of a run come from and go to.
+  struct Run {
+    const std::uint8_t* source = nullptr;
+    std::int32_t sourceRowBytes = 0;
+    std::uint8_t* destination = nullptr;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    AVPSFilterProgressProc progress = nullptr;
+    std::int32_t userValue = 0;
+    float lastFraction = 0;
+    bool cancelled = false;
+    // The output tile handed out last, for writing it back.
+    qnutil::psfilter::Rect savedOutRect{};
+    std::int16_t savedOutLoPlane = 0;
+    std::int16_t savedOutHiPlane = 0;
+  };
+
+  // Zero-filled up to the newest documented size of the record.
+  qnutil::psfilter::FilterRecord record{};
+  Run run;
+  HMODULE module = nullptr;
+  qnutil::psfilter::PluginEntry entry = nullptr;
+  bool procsInitialised = false;
+  bool valid = false;
+  // Parameters kept from the last parameters step; set means the last
+  // filter can be repeated.
+  qnutil::psfilter::Handle lastParameters = nullptr;
+  qnutil::psfilter::PiplTexts texts;
+  // The plug-in's own data slot, kept between calls. Pointer-sized: 64-bit
+  // plug-ins keep pointers in it.
+  std::intptr_t data = 0;
+  // Blocks the record points to.
+  qnutil::psfilter::PlatformData platformData{};
+  qnutil::psfilter::BufferProcs bufferProcs{};
+  qnutil::psfilter::HandleProcs handleProcs{};
+};
