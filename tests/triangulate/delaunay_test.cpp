@@ -1,0 +1,132 @@
+// The triangles away from the enclosing triangle form a Delaunay
+// triangulation of the input, also for inputs full of degeneracies: every
+// triangle turns counter-clockwise, none overlaps another, and no input point
+// lies inside any circumcircle (checked against every point).
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "qnutil/qnutil.h"
+#include "triangulation_checks.h"
+
+namespace triangulate_test {
+namespace {
+
+std::vector<Vertex> random_points(int count) {
+  std::mt19937 generator(12345);
+  std::uniform_real_distribution<float> coordinate(-500.0f, 500.0f);
+  std::vector<Vertex> points;
+  for (int i = 0; i < count; ++i) points.push_back({coordinate(generator), coordinate(generator)});
+  return points;
+}
+
+std::vector<Vertex> grid(int side, double angle) {
+  std::vector<Vertex> points;
+  for (int row = 0; row < side; ++row)
+    for (int column = 0; column < side; ++column)
+      points.push_back({static_cast<float>(column * std::cos(angle) - row * std::sin(angle)),
+                        static_cast<float>(column * std::sin(angle) + row * std::cos(angle))});
+  return points;
+}
+
+// A 33 x 33 grid inserted coarse to fine: most points fall exactly on an
+// edge of the triangulation built so far.
+std::vector<Vertex> grid_coarse_to_fine() {
+  std::vector<Vertex> points;
+  for (int step = 32; step >= 1; step /= 2)
+    for (int row = 0; row <= 32; row += step)
+      for (int column = 0; column <= 32; column += step)
+        if (step == 32 || row % (2 * step) != 0 || column % (2 * step) != 0)
+          points.push_back({static_cast<float>(column), static_cast<float>(row)});
+  return points;
+}
+
+// Long collinear runs in several directions, crossing one another.
+std::vector<Vertex> collinear_runs() {
+  std::vector<Vertex> points;
+  const int directions[][2] = {{1, 0}, {0, 1}, {1, 1}, {3, -2}, {-5, 7}};
+  for (const auto& d : directions)
+    for (int offset = -3; offset <= 3; offset += 2)
+      for (int i = -60; i <= 60; ++i)
+        points.push_back({static_cast<float>(i * d[0] + offset * d[1]), static_cast<float>(i * d[1] - offset * d[0])});
+  return points;
+}
+
+// All 100 lattice points on the circle of radius 65 (exactly cocircular),
+// its centre, and the lattice points on two more concentric circles.
+std::vector<Vertex> cocircular() {
+  std::vector<Vertex> points;
+  for (int radius_squared : {65 * 65, 25 * 25, 5 * 5})
+    for (int x = -65; x <= 65; ++x)
+      for (int y = -65; y <= 65; ++y)
+        if (x * x + y * y == radius_squared) points.push_back({static_cast<float>(x), static_cast<float>(y)});
+  points.push_back({0, 0});
+  return points;
+}
+
+// Float points on a circle: nearly cocircular, the in-circle test's worst case.
+std::vector<Vertex> rounded_circle() {
+  constexpr double kPi = 3.14159265358979323846;
+  std::vector<Vertex> points;
+  for (int i = 0; i < 720; ++i)
+    points.push_back({static_cast<float>(300 * std::cos(i * kPi / 360)), static_cast<float>(300 * std::sin(i * kPi / 360))});
+  return points;
+}
+
+// Clusters of points 2e-5 apart: just outside the duplicate tolerance.
+std::vector<Vertex> near_duplicates() {
+  std::vector<Vertex> points;
+  for (const auto& centre : {Vertex{1, 1}, Vertex{-2, 3}, Vertex{4, -1}})
+    for (int i = -7; i <= 7; ++i)
+      for (int j = -7; j <= 7; ++j) points.push_back({centre.x + i * 2e-5f, centre.y + j * 2e-5f});
+  points.push_back({-10, -10});
+  points.push_back({10, -10});
+  points.push_back({0, 12});
+  return points;
+}
+
+struct Case {
+  const char* name;
+  std::function<std::vector<Vertex>()> points;
+  bool covers_hull;  // the triangles fill the points' convex hull exactly
+};
+
+class DelaunayProperty : public ::testing::TestWithParam<Case> {};
+
+TEST_P(DelaunayProperty, HoldsForEveryTriangle) {
+  const std::vector<Vertex> points = GetParam().points();
+  const Result result = triangulate(points, 0);
+  ASSERT_EQ(result.status, 1);
+  ASSERT_FALSE(result.triangles.empty());
+  long double area = 0;
+  for (const Triangle& t : result.triangles) {
+    const long double doubled = doubled_area(t.corner[0], t.corner[1], t.corner[2]);
+    ASSERT_GT(doubled, 0) << "inverted or flat triangle";
+    area += doubled / 2;
+  }
+  EXPECT_EQ(repeated_directed_edges(result.triangles), 0u);
+  EXPECT_TRUE(non_delaunay_triangles(result.triangles, points).empty());
+  if (GetParam().covers_hull) {
+    EXPECT_NEAR(static_cast<double>(area), static_cast<double>(hull_area(points)), 1e-6 * static_cast<double>(area));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Inputs, DelaunayProperty,
+    ::testing::Values(Case{"Random3000", [] { return random_points(3000); }, false},
+                      Case{"Grid50", [] { return grid(50, 0.0); }, true},
+                      Case{"RotatedGrid50", [] { return grid(50, 0.3); }, true},
+                      Case{"SteepRotatedGrid40", [] { return grid(40, 1.1); }, true},
+                      Case{"GridCoarseToFine", grid_coarse_to_fine, true},
+                      Case{"CollinearRuns", collinear_runs, false},
+                      Case{"Cocircular", cocircular, false},
+                      Case{"RoundedCircle", rounded_circle, false},
+                      Case{"NearDuplicates", near_duplicates, false}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace triangulate_test

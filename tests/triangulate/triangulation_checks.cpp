@@ -1,0 +1,110 @@
+#include "triangulation_checks.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+#include <map>
+#include <utility>
+
+#include "qnutil/qnutil.h"
+
+namespace triangulate_test {
+
+Result triangulate(const std::vector<Vertex>& points, unsigned int boundary) {
+  static_assert(sizeof(Vertex) == 8 && sizeof(Triangle) == 24, "the export's layouts");
+  Result result;
+  void* array = nullptr;
+  unsigned int count = 0;
+  result.status = Triangulieren(static_cast<int>(points.size()), boundary,
+                                points.empty() ? nullptr : &points[0].x, &array, &count);
+  if (array != nullptr) {
+    const auto* triangles = static_cast<const Triangle*>(array);
+    result.triangles.assign(triangles, triangles + count);
+  }
+  EXPECT_EQ(FreeTriangs(&array), 1);
+  EXPECT_EQ(array, nullptr);
+  return result;
+}
+
+long double doubled_area(const Vertex& a, const Vertex& b, const Vertex& c) {
+  return (static_cast<long double>(b.x) - a.x) * (static_cast<long double>(c.y) - a.y) -
+         (static_cast<long double>(b.y) - a.y) * (static_cast<long double>(c.x) - a.x);
+}
+
+bool clearly_inside_circumcircle(const Vertex& a, const Vertex& b, const Vertex& c, const Vertex& d) {
+  using L = long double;
+  const L adx = L(a.x) - d.x, ady = L(a.y) - d.y;
+  const L bdx = L(b.x) - d.x, bdy = L(b.y) - d.y;
+  const L cdx = L(c.x) - d.x, cdy = L(c.y) - d.y;
+  const L a_lift = adx * adx + ady * ady, b_lift = bdx * bdx + bdy * bdy, c_lift = cdx * cdx + cdy * cdy;
+  const L det = a_lift * (bdx * cdy - cdx * bdy) + b_lift * (cdx * ady - adx * cdy) + c_lift * (adx * bdy - bdx * ady);
+  const L permanent = a_lift * (std::fabs(bdx * cdy) + std::fabs(cdx * bdy)) +
+                      b_lift * (std::fabs(cdx * ady) + std::fabs(adx * cdy)) +
+                      c_lift * (std::fabs(adx * bdy) + std::fabs(bdx * ady));
+  return det > 64 * LDBL_EPSILON * permanent;
+}
+
+std::vector<std::size_t> non_delaunay_triangles(const std::vector<Triangle>& triangles,
+                                                const std::vector<Vertex>& points) {
+  std::vector<std::size_t> bad;
+  for (std::size_t t = 0; t < triangles.size(); ++t) {
+    const Vertex* c = triangles[t].corner;
+    for (const Vertex& p : points) {
+      if (std::isfinite(p.x) && std::isfinite(p.y) && clearly_inside_circumcircle(c[0], c[1], c[2], p)) {
+        bad.push_back(t);
+        break;
+      }
+    }
+  }
+  return bad;
+}
+
+std::size_t repeated_directed_edges(const std::vector<Triangle>& triangles) {
+  using Key = std::pair<std::pair<float, float>, std::pair<float, float>>;
+  std::map<Key, int> seen;
+  std::size_t repeated = 0;
+  for (const Triangle& t : triangles) {
+    for (int i = 0; i < 3; ++i) {
+      const Vertex& from = t.corner[i];
+      const Vertex& to = t.corner[(i + 1) % 3];
+      if (++seen[{{from.x, from.y}, {to.x, to.y}}] == 2) ++repeated;
+    }
+  }
+  return repeated;
+}
+
+long double hull_area(std::vector<Vertex> points) {
+  std::sort(points.begin(), points.end(),
+            [](const Vertex& a, const Vertex& b) { return a.x < b.x || (a.x == b.x && a.y < b.y); });
+  std::vector<Vertex> hull(2 * points.size() + 1);
+  std::size_t k = 0;
+  for (std::size_t i = 0; i < points.size(); ++i) {  // lower chain
+    while (k >= 2 && doubled_area(hull[k - 2], hull[k - 1], points[i]) <= 0) --k;
+    hull[k++] = points[i];
+  }
+  for (std::size_t i = points.size() - 1, lower = k + 1; i-- > 0;) {  // upper chain
+    while (k >= lower && doubled_area(hull[k - 2], hull[k - 1], points[i]) <= 0) --k;
+    hull[k++] = points[i];
+  }
+  long double twice = 0;
+  for (std::size_t i = 1; i + 1 < k; ++i) twice += doubled_area(hull[0], hull[i], hull[i + 1]);
+  return twice / 2;
+}
+
+bool inside_or_on_polygon(const Vertex& p, const std::vector<Vertex>& polygon, double tolerance) {
+  bool inside = false;
+  for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
+    const Vertex& a = polygon[j];
+    const Vertex& b = polygon[i];
+    const double ex = double(b.x) - a.x, ey = double(b.y) - a.y;
+    const double length2 = ex * ex + ey * ey;
+    const double t = length2 > 0 ? std::clamp(((p.x - a.x) * ex + (p.y - a.y) * ey) / length2, 0.0, 1.0) : 0.0;
+    if (std::hypot(p.x - (a.x + t * ex), p.y - (a.y + t * ey)) <= tolerance) return true;
+    if ((a.y > p.y) != (b.y > p.y) && p.x < a.x + (p.y - a.y) * ex / ey) inside = !inside;
+  }
+  return inside;
+}
+
+}  // namespace triangulate_test
