@@ -1,0 +1,255 @@
+// Handles, lifetimes, sub-environments, fallback chains, deletion and
+// counting.
+#include "env_fixture.h"
+
+using env_test::Env;
+using env_test::get_text;
+using qnutil_test::MessageCapture;
+
+namespace {
+
+TEST(EnvHandles, NullHandleIsReportedAndRefused) {
+  MessageCapture capture;
+  EXPECT_EQ(env_close(nullptr, 0), ENV_ERROR);
+  EXPECT_EQ(env_check(nullptr, "S", "a", 1), ENV_ERROR);
+  EXPECT_EQ(env_put(nullptr, "S", "a", "1"), ENV_ERROR);
+  EXPECT_EQ(env_open_subenv(nullptr, "S", nullptr, 1), nullptr);
+  ASSERT_EQ(capture.boxes().size(), 4u);
+  for (const auto& box : capture.boxes()) {
+    EXPECT_EQ(box.text, "Nil parametr");
+    EXPECT_EQ(box.caption.rfind("MESSAGE in \"qnutilenv\" line ", 0), 0u) << box.caption;
+  }
+}
+
+TEST(EnvHandles, CloseRefusesWhileSubenvironmentLives) {
+  EnvHandle* root = env_open(1, nullptr);
+  ASSERT_EQ(env_put(root, "S", "a", "1"), ENV_OK);
+  EnvHandle* sub = env_open_subenv(root, "S", nullptr, 1);
+  ASSERT_NE(sub, nullptr);
+  EXPECT_EQ(env_close(root, 0), ENV_IN_USE);
+  EXPECT_EQ(get_text(sub, nullptr, "a"), "1");  // both still usable
+  EXPECT_EQ(get_text(root, "S", "a"), "1");
+  EnvHandle* nested = env_open_subenv(sub, nullptr, "a", 1);
+  ASSERT_NE(nested, nullptr);
+  EXPECT_EQ(env_close(sub, 0), ENV_IN_USE);
+  EXPECT_EQ(env_close(nested, 0), ENV_OK);
+  EXPECT_EQ(env_close(sub, 0), ENV_OK);
+  EXPECT_EQ(env_close(root, 0), ENV_OK);
+}
+
+TEST(EnvHandles, ClosingWithFallbackClosesTheChain) {
+  EnvHandle* base = env_open(3, nullptr);
+  EnvHandle* h = env_open(7, base);
+  EXPECT_EQ(env_close(base, 0), ENV_IN_USE);
+  EXPECT_EQ(env_close(h, 1), ENV_OK);  // base went with it: nothing left to leak
+
+  base = env_open(3, nullptr);
+  h = env_open(7, base);
+  EXPECT_EQ(env_close(h, 0), ENV_OK);
+  EXPECT_EQ(env_close(base, 0), ENV_OK);
+}
+
+TEST(EnvHandles, FallbackAnswersWithItsEnvId) {
+  Env base(3);
+  ASSERT_EQ(env_put(base, "S", "only@base", "b"), ENV_OK);
+  ASSERT_EQ(env_put(base, "S", "both", "from base"), ENV_OK);
+  Env top(7, base);
+  ASSERT_EQ(env_put(top, "S", "both", "from top"), ENV_OK);
+  char buf[32];
+  EXPECT_EQ(env_get(top, "S", "only@base", 1, sizeof buf, buf), 3);
+  EXPECT_STREQ(buf, "b");
+  EXPECT_EQ(env_get(top, "S", "both", 1, sizeof buf, buf), 7);
+  EXPECT_STREQ(buf, "from top");
+  long value = 0;
+  EXPECT_EQ(env_get_long(top, "T", "x", 1, &value), ENV_NOT_FOUND);
+  // The fallback is asked only when section and path are both given.
+  EXPECT_EQ(env_check(top, "S", "only", 1), ENV_NOT_FOUND);
+  EnvHandle* sub = env_open_subenv(top, "S", nullptr, 1);
+  EXPECT_EQ(env_get(sub, "S", "only@base", 1, sizeof buf, buf), 3);
+  env_close(sub, 0);
+}
+
+TEST(EnvHandles, FallbackChainsFurther) {
+  Env bottom(1);
+  ASSERT_EQ(env_put(bottom, "S", "deep", "x"), ENV_OK);
+  Env middle(2, bottom);
+  Env top(5, middle);
+  char* ref = nullptr;
+  EXPECT_EQ(env_get_reference(top, "S", "deep", 1, &ref), 1);
+  EXPECT_STREQ(ref, "x");
+}
+
+struct CheckCase {
+  const char* section;
+  const char* path;
+  int direct;
+  int expected;
+};
+
+class EnvCheck : public ::testing::TestWithParam<CheckCase> {};
+
+TEST_P(EnvCheck, ReportsTheElementKind) {
+  Env env;
+  ASSERT_EQ(env_put(env, "S", "data", "1"), ENV_OK);
+  ASSERT_EQ(env_put(env, "S", "outer@inner@leaf", "2"), ENV_OK);
+  ASSERT_EQ(env_put_external(env, "S", "ext", 9), ENV_OK);
+  ASSERT_EQ(env_put(env, "Empty", nullptr, "ignored"), ENV_OK);
+  MessageCapture quiet;
+  const CheckCase& c = GetParam();
+  EXPECT_EQ(env_check(env, c.section, c.path, c.direct), c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, EnvCheck,
+    ::testing::Values(CheckCase{nullptr, nullptr, 1, ENV_BLOCK},  // sections exist
+                      CheckCase{"S", nullptr, 1, ENV_BLOCK}, CheckCase{"Empty", nullptr, 1, ENV_BLOCK},
+                      CheckCase{"Nope", nullptr, 1, ENV_NOT_FOUND},
+                      CheckCase{"S", "data", 1, ENV_DATA}, CheckCase{"S", "ext", 1, ENV_EXTERNAL},
+                      CheckCase{"S", "outer", 1, ENV_BLOCK},
+                      CheckCase{"S", "leaf", 1, ENV_NOT_FOUND},   // two levels down
+                      CheckCase{"S", "leaf", 0, ENV_DATA},        // breadth first finds it
+                      CheckCase{"S", "inner@leaf", 0, ENV_DATA},
+                      CheckCase{"S", "data@2", 1, ENV_NOT_FOUND},
+                      CheckCase{"S", "@@", 1, ENV_BAD_PATH},
+                      CheckCase{"S", "data@1@x", 1, ENV_NOT_FOUND}));
+
+TEST(EnvHandles, CheckOnEmptyRootAndOnSubAnchors) {
+  Env env;
+  EXPECT_EQ(env_check(env, nullptr, nullptr, 1), ENV_NOT_FOUND);
+  ASSERT_EQ(env_put(env, "S", "d", "1"), ENV_OK);
+  ASSERT_EQ(env_put_external(env, "S", "e", 1), ENV_OK);
+  EnvHandle* empty = env_create_subenv(env, "S", "b");
+  ASSERT_NE(empty, nullptr);
+  EXPECT_EQ(env_check(empty, nullptr, nullptr, 1), ENV_EXTERNAL);  // nothing beneath yet
+  ASSERT_EQ(env_put(empty, nullptr, "x", "1"), ENV_OK);
+  EXPECT_EQ(env_check(empty, nullptr, nullptr, 1), ENV_BLOCK);
+  ASSERT_EQ(env_delete(empty, nullptr, "x"), ENV_OK);
+  EXPECT_EQ(env_check(empty, nullptr, nullptr, 1), ENV_NOT_FOUND);  // an empty block
+  env_close(empty, 0);
+  EnvHandle* d = env_open_subenv(env, "S", "d", 1);
+  EXPECT_EQ(env_check(d, nullptr, nullptr, 1), ENV_DATA);
+  EXPECT_EQ(env_exist_data(d, nullptr, nullptr, 1), 1);
+  env_close(d, 0);
+  EXPECT_EQ(env_exist(env, "S", "e", 1), 1);
+  EXPECT_EQ(env_exist_external(env, "S", "e", 1), 1);
+  EXPECT_EQ(env_exist_block(env, "S", "e", 1), 0);
+  EXPECT_EQ(env_exist(env, "S", "missing", 1), 0);
+}
+
+TEST(EnvHandles, SubenvironmentSharesIdAndViewsTheSubtree) {
+  Env env(42);
+  ASSERT_EQ(env_put(env, "S", "frame@color", "red"), ENV_OK);
+  EnvHandle* sub = env_open_subenv(env, "S", "frame", 1);
+  ASSERT_NE(sub, nullptr);
+  char buf[16];
+  EXPECT_EQ(env_get(sub, "ignored", "color", 1, sizeof buf, buf), 42);
+  EXPECT_EQ(env_put(sub, nullptr, "width", "3"), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "frame@width"), "3");
+  EXPECT_EQ(env_open_subenv(env, "S", "nothing", 1), nullptr);
+  env_close(sub, 0);
+}
+
+TEST(EnvHandles, DeleteFreesSubtreeAndCountsDrop) {
+  Env env;
+  ASSERT_EQ(env_put(env, "S", "a", "1"), ENV_OK);
+  ASSERT_EQ(env_put(env, "S", "b@c@d", "2"), ENV_OK);
+  ASSERT_EQ(env_put(env, "S", "e", "3"), ENV_OK);
+  EXPECT_EQ(env_count_elements(env, "S", nullptr, 1), 3);
+  EXPECT_EQ(env_delete(env, "S", "b"), ENV_OK);
+  EXPECT_EQ(env_count_elements(env, "S", nullptr, 1), 2);
+  EXPECT_EQ(env_check(env, "S", "d", 0), ENV_NOT_FOUND);
+  EXPECT_EQ(env_delete(env, "S", "e"), ENV_OK);  // the last one: appends go on behind "a"
+  ASSERT_EQ(env_put(env, "S", "f", "4"), ENV_OK);
+  char name[8];
+  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, 2, nullptr, sizeof name, name, 0, nullptr, nullptr),
+            ENV_DATA);
+  EXPECT_STREQ(name, "f");
+  EXPECT_EQ(env_delete(env, "S", "zzz"), ENV_NOT_FOUND);
+  EXPECT_EQ(env_delete(env, "S", nullptr), ENV_OK);
+  EXPECT_EQ(env_delete(env, "S", nullptr), ENV_NOT_FOUND);
+  EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 0);
+  MessageCapture quiet;
+  EXPECT_EQ(env_delete(env, "S", "@"), ENV_BAD_PATH);
+}
+
+TEST(EnvHandles, DeleteOfSectionOnSubenvironmentIsRefused) {
+  Env env;
+  ASSERT_EQ(env_put(env, "S", "a", "1"), ENV_OK);
+  EnvHandle* sub = env_open_subenv(env, "S", nullptr, 1);
+  EXPECT_EQ(env_delete(sub, "S", nullptr), ENV_ERROR);
+  EXPECT_EQ(env_delete(sub, nullptr, "a"), ENV_OK);
+  env_close(sub, 0);
+}
+
+TEST(EnvHandles, CountElements) {
+  Env env;
+  ASSERT_EQ(env_put(env, "A", "x", "1"), ENV_OK);
+  ASSERT_EQ(env_put(env, "B", "blk@y", "1"), ENV_OK);
+  ASSERT_EQ(env_put(env, "B", "blk@z", "1"), ENV_OK);
+  EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 2);
+  EXPECT_EQ(env_count_elements(env, "B", "blk", 1), 2);
+  EXPECT_EQ(env_count_elements(env, "B", "blk@y", 1), 0);  // data
+  EXPECT_EQ(env_count_elements(env, "B", "none", 1), 0);
+  EXPECT_EQ(env_count_elements(env, "Z", nullptr, 1), 0);
+  EnvHandle* sub = env_open_subenv(env, "B", "blk", 1);
+  EXPECT_EQ(env_count_elements(sub, nullptr, nullptr, 1), 2);
+  env_close(sub, 0);
+  sub = env_open_subenv(env, "A", "x", 1);
+  EXPECT_EQ(env_count_elements(sub, nullptr, nullptr, 1), 0);
+  env_close(sub, 0);
+}
+
+TEST(EnvHandles, InsertBefore) {
+  Env env;
+  ASSERT_EQ(env_put(env, "S", "a", "1"), ENV_OK);
+  ASSERT_EQ(env_put(env, "S", "b", "2"), ENV_OK);
+  ASSERT_EQ(env_put(env, "T", "c", "3"), ENV_OK);
+  EXPECT_EQ(env_insert_before(env, "S", "b", "new"), ENV_OK);
+  char names[64];
+  ASSERT_EQ(env_list_elem_names(env, "S", nullptr, 1, ',', sizeof names, names), ENV_OK);
+  EXPECT_STREQ(names, ",a,new,b,");
+  EXPECT_EQ(env_check(env, "S", "new", 1), ENV_EXTERNAL);
+  EXPECT_EQ(env_insert_before(env, "T", nullptr, "First"), ENV_OK);
+  ASSERT_EQ(env_list_elem_names(env, nullptr, nullptr, 1, ';', sizeof names, names), ENV_OK);
+  EXPECT_STREQ(names, ";S;First;T;");
+  EXPECT_EQ(env_insert_before(env, "Missing", nullptr, "X"), ENV_OK);
+  EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 3);
+  EXPECT_EQ(env_insert_before(env, "S", "zz", "X"), ENV_NOT_FOUND);
+  MessageCapture quiet;
+  EXPECT_EQ(env_insert_before(env, "S", "@", "X"), ENV_ERROR);
+}
+
+TEST(EnvHandles, InsertBeforeKeepsOccurrenceNumbersInLongLists) {
+  Env env;
+  for (int i = 0; i < 100; ++i) ASSERT_EQ(env_put(env, "S", ("n" + std::to_string(i)).c_str(), "v"), 0);
+  ASSERT_EQ(env_put(env, "S", "n50@2", "second"), ENV_OK);
+  EXPECT_EQ(env_insert_before(env, "S", "n50", "n50"), ENV_OK);  // a new first n50
+  EXPECT_EQ(env_check(env, "S", "n50", 1), ENV_EXTERNAL);
+  EXPECT_EQ(get_text(env, "S", "n50@2"), "v");
+  EXPECT_EQ(get_text(env, "S", "n50@3"), "second");
+  EXPECT_EQ(env_count_path(env, "S", "n50", 1), 3);
+  EXPECT_EQ(env_delete(env, "S", "n50"), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "n50"), "v");
+  EXPECT_EQ(get_text(env, "S", "n50@2"), "second");
+}
+
+TEST(EnvHandles, OpenPutDeleteCloseCyclesReleaseEverything) {
+  // Run under LeakSanitizer by the asan preset.
+  for (int cycle = 0; cycle < 50; ++cycle) {
+    EnvHandle* base = env_open(0, nullptr);
+    EnvHandle* env = env_open(1, base);
+    for (int i = 0; i < 40; ++i) {
+      const std::string path = "blk@" + std::to_string(i % 7 + 1) + "@item";
+      ASSERT_EQ(env_put(env, "S", path.c_str(), "value"), ENV_OK);
+      ASSERT_EQ(env_put_external(env, "S", ("x" + std::to_string(i)).c_str(), 3u), ENV_OK);
+    }
+    EnvHandle* sub = env_create_subenv(env, "T", "deep@er");
+    ASSERT_EQ(env_put(sub, nullptr, "v", "1"), ENV_OK);
+    ASSERT_EQ(env_put(env, "S", "blk", "now data"), ENV_OK);  // drops a subtree
+    ASSERT_EQ(env_delete(env, "S", "x3"), ENV_OK);
+    ASSERT_EQ(env_close(sub, 0), ENV_OK);
+    ASSERT_EQ(env_close(env, 1), ENV_OK);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,213 @@
+// Typed puts and gets and the value scanner.
+#include <climits>
+#include <cstring>
+
+#include "env_fixture.h"
+
+using env_test::Env;
+using env_test::get_text;
+
+namespace {
+
+TEST(EnvValues, DoublesAreStoredWithSixDigits) {
+  Env env;
+  ASSERT_EQ(env_put_double(env, "S", "a", 0.1), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "a"), "0.1");
+  ASSERT_EQ(env_put_double(env, "S", "b", 1234567.0), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "b"), "1.23457e+06");
+  double value = 0;
+  EXPECT_EQ(env_get_double(env, "S", "b", 1, &value), 1);
+  EXPECT_EQ(value, 1234570.0);
+}
+
+TEST(EnvValues, LongsRoundTrip) {
+  Env env;
+  ASSERT_EQ(env_put_long(env, "S", "a", -42), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "a"), "-42");
+  ASSERT_EQ(env_put_long(env, "S", "max", LONG_MAX), ENV_OK);
+  long value = 0;
+  EXPECT_EQ(env_get_long(env, "S", "max", 1, &value), 1);
+  EXPECT_EQ(value, LONG_MAX);
+}
+
+struct ScanCase {
+  const char* text;
+  int long_result;  // env_get_long: 1 (the envId), -5 or -7
+  long long_value;
+  int double_result;
+  double double_value;
+};
+
+class EnvScanner : public ::testing::TestWithParam<ScanCase> {};
+
+TEST_P(EnvScanner, ParsesExactlyOneNumber) {
+  const ScanCase& c = GetParam();
+  Env env;
+  ASSERT_EQ(env_put(env, "S", "v", c.text), ENV_OK);
+  long l = -99;
+  EXPECT_EQ(env_get_long(env, "S", "v", 1, &l), c.long_result);
+  if (c.long_result == 1) EXPECT_EQ(l, c.long_value);
+  double d = -99;
+  EXPECT_EQ(env_get_double(env, "S", "v", 1, &d), c.double_result);
+  if (c.double_result == 1) EXPECT_EQ(d, c.double_value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, EnvScanner,
+    ::testing::Values(ScanCase{"12", 1, 12, 1, 12.0}, ScanCase{" \t+12 \t", 1, 12, 1, 12.0},
+                      ScanCase{"-3\n", 1, -3, 1, -3.0}, ScanCase{"7\r", 1, 7, 1, 7.0},
+                      ScanCase{"7\n\n", -5, 0, -5, 0}, ScanCase{"1,2", -7, 0, -7, 0},
+                      ScanCase{"abc", -5, 0, -5, 0}, ScanCase{"", -5, 0, -5, 0},
+                      ScanCase{"1.5", -5, 0, 1, 1.5}, ScanCase{"2.5E2", -5, 0, 1, 250.0},
+                      ScanCase{"2.5e-1", -5, 0, 1, 0.25}, ScanCase{"1.5D3", -5, 0, 1, 1500.0},
+                      ScanCase{"-1d+2", -5, 0, 1, -100.0}, ScanCase{"5.", -5, 0, 1, 5.0},
+                      ScanCase{".5", -5, 0, -5, 0}, ScanCase{"1e", -5, 0, -5, 0},
+                      ScanCase{"1 2", -5, 0, -5, 0}, ScanCase{"1,", -5, 0, -5, 0},
+                      ScanCase{"--1", -5, 0, -5, 0}, ScanCase{"0x10", -5, 0, -5, 0}));
+
+TEST(EnvValues, LongListsAndCapacity) {
+  Env env;
+  ASSERT_EQ(env_put(env, "S", "v", "1, 2 ,3"), ENV_OK);
+  long values[3] = {};
+  int count = 2;
+  EXPECT_EQ(env_get_longs(env, "S", "v", 1, &count, values), ENV_TOO_SMALL);
+  EXPECT_EQ(count, 0);
+  count = 3;
+  EXPECT_EQ(env_get_longs(env, "S", "v", 1, &count, values), 1);
+  EXPECT_EQ(count, 3);
+  EXPECT_EQ(values[2], 3);
+  count = 3;
+  EXPECT_EQ(env_get_longs(env, "S", "none", 1, &count, values), ENV_NOT_FOUND);
+  EXPECT_EQ(count, 0);
+  ASSERT_EQ(env_put(env, "S", "bad", "1,x"), ENV_OK);
+  count = 3;
+  EXPECT_EQ(env_get_longs(env, "S", "bad", 1, &count, values), ENV_SYNTAX);
+  EXPECT_EQ(count, 0);
+}
+
+TEST(EnvValues, PutListsJoinWithCommas) {
+  Env env;
+  const long longs[] = {1, -2, 3};
+  ASSERT_EQ(env_put_longs(env, "S", "l", 3, longs), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "l"), "1,-2,3");
+  const double doubles[] = {0.5, 1e10};
+  ASSERT_EQ(env_put_doubles(env, "S", "d", 2, doubles), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "d"), "0.5,1e+10");
+  double back[2];
+  int count = 2;
+  EXPECT_EQ(env_get_doubles(env, "S", "d", 1, &count, back), 1);
+  EXPECT_EQ(back[1], 1e10);
+  const char* strings[] = {"ab", "c d", "e"};
+  ASSERT_EQ(env_put_strings(env, "S", "s", 3, strings), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "s"), "ab,c d,e");
+  EXPECT_EQ(env_put_longs(env, "S", "l", 0, longs), ENV_ERROR);
+  EXPECT_EQ(env_put_longs(env, "S", "l", 1, nullptr), ENV_ERROR);
+}
+
+TEST(EnvValues, PutListDropsWhatDoesNotFit) {
+  Env env;
+  std::vector<long> values(400, 1000000);  // 7 digits + comma each
+  ASSERT_EQ(env_put_longs(env, "S", "l", static_cast<int>(values.size()), values.data()),
+            ENV_OK);
+  const std::string text = get_text(env, "S", "l");
+  EXPECT_EQ(text.size(), 127u * 8 + 7);  // 128 values: 1023 bytes
+  EXPECT_LT(text.size(), 1024u);
+  const std::string too_long(2000, 'x');
+  const char* strings[] = {"short", too_long.c_str(), "tail"};
+  ASSERT_EQ(env_put_strings(env, "S", "s", 3, strings), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "s"), "short");  // everything after the first misfit goes
+}
+
+TEST(EnvValues, Strings) {
+  Env env;
+  ASSERT_EQ(env_put(env, "S", "s", " ab , C9\t,x "), ENV_OK);
+  char a[4], b[4], c[4];
+  char* bufs[] = {a, b, c};
+  int count = 3;
+  EXPECT_EQ(env_get_strings(env, "S", "s", 1, &count, 4, bufs), 1);
+  EXPECT_EQ(count, 3);
+  EXPECT_STREQ(a, "ab");
+  EXPECT_STREQ(b, "C9");
+  EXPECT_STREQ(c, "x");
+  count = 3;
+  EXPECT_EQ(env_get_strings(env, "S", "s", 1, &count, 2, bufs), ENV_TOO_SMALL);
+  EXPECT_EQ(count, 0);
+  char* with_null[] = {a, nullptr, c};
+  count = 3;
+  EXPECT_EQ(env_get_strings(env, "S", "s", 1, &count, 4, with_null), ENV_TOO_SMALL);
+  ASSERT_EQ(env_put(env, "S", "t", "a-b"), ENV_OK);
+  count = 3;
+  EXPECT_EQ(env_get_strings(env, "S", "t", 1, &count, 4, bufs), ENV_SYNTAX);
+}
+
+TEST(EnvValues, KindMismatchesGiveTheirCodes) {
+  Env env;
+  ASSERT_EQ(env_put(env, "S", "blk@x", "1"), ENV_OK);
+  ASSERT_EQ(env_put_external(env, "S", "ext", 5), ENV_OK);
+  ASSERT_EQ(env_put(env, "S", "data", "12345"), ENV_OK);
+  char buf[8];
+  EXPECT_EQ(env_get(env, "S", "blk", 1, sizeof buf, buf), ENV_DATA);
+  EXPECT_EQ(env_get(env, "S", "ext", 1, sizeof buf, buf), ENV_DATA);
+  unsigned value;
+  EXPECT_EQ(env_get_external(env, "S", "data", 1, &value), ENV_EXTERNAL);
+  EXPECT_EQ(env_get_external(env, "S", "blk", 1, &value), ENV_EXTERNAL);
+  EXPECT_EQ(env_get(env, "S", "data", 1, 5, buf), ENV_TOO_SMALL);
+  EXPECT_EQ(env_get(env, "S", "data", 1, 6, buf), 1);
+  EXPECT_EQ(env_data_length(env, "S", "data", 1), 5);
+  EXPECT_EQ(env_data_length(env, "S", "blk", 1), 0);
+  EXPECT_EQ(env_data_length(env, "S", "none", 1), 0);
+  char* ref = nullptr;
+  EXPECT_EQ(env_get_reference(env, "S", "ext", 1, &ref), ENV_DATA);
+  EXPECT_EQ(env_get_reference(env, "S", "data", 1, &ref), 1);
+  EXPECT_STREQ(ref, "12345");
+}
+
+TEST(EnvValues, GetStringEmptiesTheBufferOnFailure) {
+  Env env;
+  ASSERT_EQ(env_put(env, "S", "a", "text"), ENV_OK);
+  char buf[16] = "old";
+  EXPECT_EQ(env_get_string(env, "S", "a", 1, buf), 1);
+  EXPECT_STREQ(buf, "text");
+  EXPECT_EQ(env_get_string(env, "S", "b", 1, buf), ENV_NOT_FOUND);
+  EXPECT_STREQ(buf, "");
+}
+
+TEST(EnvValues, PutFormat) {
+  Env env;
+  ASSERT_EQ(env_put_format(env, "S", "f", "%s-%03d", "x", 7), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "f"), "x-007");
+  EXPECT_EQ(env_put_format(env, "S", "g", "%s", std::string(1024, 'y').c_str()), ENV_ERROR);
+  EXPECT_EQ(env_put_format(env, "S", "g", "%s", std::string(1023, 'y').c_str()), ENV_OK);
+  EXPECT_EQ(env_put(env, "S", "n", nullptr), ENV_ERROR);
+}
+
+TEST(EnvValues, GetPosCopiesWhatFits) {
+  Env env(9);
+  ASSERT_EQ(env_put(env, "S", "alpha", "0123456789"), ENV_OK);
+  ASSERT_EQ(env_put_external(env, "S", "ext", 4), ENV_OK);
+  long id = 0;
+  char name[4], value[6];
+  unsigned ext = 0;
+  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, 1, &id, sizeof name, name, sizeof value, value, &ext),
+            ENV_TOO_SMALL);
+  EXPECT_STREQ(name, "alp");
+  EXPECT_STREQ(value, "01234");
+  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, 2, &id, sizeof name, name, sizeof value, value, &ext),
+            ENV_EXTERNAL);
+  EXPECT_EQ(id, 9);
+  EXPECT_EQ(ext, 4u);
+  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, 3, &id, sizeof name, name, 0, nullptr, nullptr),
+            ENV_NOT_FOUND);
+  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, 0, &id, sizeof name, name, 0, nullptr, nullptr),
+            ENV_NOT_FOUND);
+  EXPECT_EQ(env_get_pos(env, nullptr, nullptr, 1, 1, &id, sizeof name, name, 0, nullptr, nullptr),
+            ENV_BLOCK);
+  EXPECT_STREQ(name, "S");
+  qnutil_test::MessageCapture capture;
+  EXPECT_EQ(env_get_pos(env, nullptr, nullptr, 1, 0, &id, sizeof name, name, 0, nullptr, nullptr),
+            ENV_NOT_FOUND);
+  ASSERT_EQ(capture.boxes().size(), 1u);
+  EXPECT_EQ(capture.boxes()[0].text, "section == NIL and pos == 0");
+}
+
+}  // namespace
