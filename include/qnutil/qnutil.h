@@ -7,6 +7,7 @@
 
 #include "common.h"
 #include "frame.h"
+#include "calc.h"
 #include "env.h"
 #include "numeric.h"
 #include "files.h"

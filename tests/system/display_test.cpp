@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+
+#include "qnutil/qnutil.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace {
+
+TEST(MyGetSystemMetrics, UnknownIndexesGiveMinusOne) {
+  for (int index : {-1, 2, 3, 75, 80, 1000}) EXPECT_EQ(MyGetSystemMetrics(index), -1) << index;
+}
+
+#ifdef _WIN32
+
+// Wine's and test machines' desktops are at most 2000 pixels wide: the size
+// is the desktop window's, before and after opting into DPI awareness.
+TEST(MyGetSystemMetrics, NarrowDesktopReportsTheDesktopWindow) {
+  RECT desktop{};
+  ASSERT_TRUE(GetWindowRect(GetDesktopWindow(), &desktop));
+  HDC screen = GetDC(nullptr);
+  const int device_width = GetDeviceCaps(screen, HORZRES);
+  ReleaseDC(nullptr, screen);
+  if (device_width > 2000) GTEST_SKIP() << "wide desktop";
+  for (int index : {0, 78}) EXPECT_EQ(MyGetSystemMetrics(index), desktop.right);
+  for (int index : {1, 79}) EXPECT_EQ(MyGetSystemMetrics(index), desktop.bottom);
+}
+
+TEST(MyGetSystemMetrics, VirtualScreenOriginIsTheSystemsOwn) {
+  EXPECT_EQ(MyGetSystemMetrics(76), GetSystemMetrics(76));
+  EXPECT_EQ(MyGetSystemMetrics(77), GetSystemMetrics(77));
+}
+
+TEST(DpiAwareness, AvailableOnceShcoreProvidesTheScaleFunctions) {
+  HMODULE shcore = LoadLibraryA("Shcore.dll");
+  const bool complete = shcore && GetProcAddress(shcore, "SetProcessDpiAwareness") &&
+                        GetProcAddress(shcore, "GetDpiForMonitor") &&
+                        GetProcAddress(shcore, "GetScaleFactorForDevice");
+  MySetProcessDpiAwareness(2);
+  EXPECT_EQ(ProcessDpiAwarenessAvailable(), complete ? 1 : 0);
+  RECT desktop{};
+  ASSERT_TRUE(GetWindowRect(GetDesktopWindow(), &desktop));
+  if (desktop.right <= 2000) {
+    EXPECT_EQ(MyGetSystemMetrics(0), desktop.right);
+  }
+}
+
+#else
+
+TEST(DpiAwareness, PosixHasNoDisplayScaling) {
+  EXPECT_EQ(MySetProcessDpiAwareness(2), 0);
+  EXPECT_EQ(ProcessDpiAwarenessAvailable(), 0);
+  for (int index : {0, 1, 76, 77, 78, 79}) EXPECT_EQ(MyGetSystemMetrics(index), -1) << index;
+}
+
+#endif
+
+}  // namespace

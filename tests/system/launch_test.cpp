@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+
+#include "qnutil/qnutil.h"
+#include "support/test_support.h"
+#include "system_test_support.h"
+
+using qnutil_test::ScratchDir;
+using Clock = std::chrono::steady_clock;
+
+namespace {
+
+// The sleeper waits this long before writing its output file.
+constexpr auto kSleeperDelay = std::chrono::milliseconds(400);
+
+struct Launcher {
+  const char* name;
+  int (*launch)(const char* program, const char* arguments);
+};
+
+class LauncherTest : public testing::TestWithParam<Launcher> {};
+
+TEST_P(LauncherTest, WaitsForTheProgramAndReturnsOne) {
+  ScratchDir dir;
+  const std::string out = dir.file("args.txt");
+  const auto start = Clock::now();
+  EXPECT_EQ(GetParam().launch(system_test::sibling_program("qnutil_sleeper").c_str(), out.c_str()),
+            1);
+  EXPECT_GE(Clock::now() - start, kSleeperDelay);
+  // Written only after the delay: present means the launcher waited.
+  EXPECT_EQ(qnutil_test::read_file(out), out + "\n");
+}
+
+TEST_P(LauncherTest, MissingProgramCountsAsARun) {
+  ScratchDir dir;
+  EXPECT_EQ(GetParam().launch(dir.file("no-such-program").c_str(), "x"), 1);
+}
+
+TEST_P(LauncherTest, NullArgumentsDoNotCrash) {
+  EXPECT_EQ(GetParam().launch(nullptr, nullptr), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Both, LauncherTest,
+                         testing::Values(Launcher{"Quoted", QnUtil_ExecuteProgram},
+                                         Launcher{"CommandLine", QnUtil_ExecuteProgramEX}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(ExecuteProgram, QuotesProgramAndArgumentAsOneEach) {
+  ScratchDir dir;
+  const std::string out = dir.file("with space.txt");
+  EXPECT_EQ(QnUtil_ExecuteProgram(system_test::sibling_program("qnutil_sleeper").c_str(),
+                                  out.c_str()),
+            1);
+  EXPECT_EQ(qnutil_test::read_file(out), out + "\n");
+}
+
+TEST(ExecuteProgramEX, PassesTheArgumentsUnquoted) {
+  ScratchDir dir;
+  const std::string out = dir.file("args.txt");
+  const std::string arguments = out + " alpha  beta";
+  EXPECT_EQ(QnUtil_ExecuteProgramEX(system_test::sibling_program("qnutil_sleeper").c_str(),
+                                    arguments.c_str()),
+            1);
+  EXPECT_EQ(qnutil_test::read_file(out), out + "\nalpha\nbeta\n");
+}
+
+#ifdef _WIN32
+
+// A window of the calling thread that counts what reaches its procedure.
+class CountingWindow {
+ public:
+  CountingWindow() {
+    WNDCLASSA window_class{};
+    window_class.lpfnWndProc = &CountingWindow::procedure;
+    window_class.hInstance = GetModuleHandleA(nullptr);
+    window_class.lpszClassName = "QnUtilLaunchTestWindow";
+    RegisterClassA(&window_class);
+    window_ = CreateWindowExA(0, window_class.lpszClassName, "", 0, 0, 0, 0, 0, HWND_MESSAGE,
+                              nullptr, window_class.hInstance, nullptr);
+    dispatched_ = 0;
+  }
+  ~CountingWindow() { DestroyWindow(window_); }
+  HWND handle() const { return window_; }
+  static int dispatched() { return dispatched_; }
+
+ private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_APP) ++dispatched_;
+    return DefWindowProcA(window, message, w, l);
+  }
+  HWND window_;
+  static inline int dispatched_ = 0;
+};
+
+bool queue_holds_message(HWND window) {
+  MSG message;
+  return PeekMessageA(&message, window, WM_APP, WM_APP, PM_NOREMOVE) != FALSE;
+}
+
+TEST(LauncherMessages, ExecuteProgramRemovesInputWithoutDispatching) {
+  CountingWindow window;
+  ASSERT_NE(window.handle(), nullptr);
+  ScratchDir dir;
+  PostMessageA(window.handle(), WM_APP, 0, 0);
+  EXPECT_EQ(QnUtil_ExecuteProgram(system_test::sibling_program("qnutil_sleeper").c_str(),
+                                  dir.file("out.txt").c_str()),
+            1);
+  EXPECT_EQ(CountingWindow::dispatched(), 0);
+  EXPECT_FALSE(queue_holds_message(window.handle()));
+}
+
+TEST(LauncherMessages, ExecuteProgramEXDispatches) {
+  CountingWindow window;
+  ASSERT_NE(window.handle(), nullptr);
+  ScratchDir dir;
+  PostMessageA(window.handle(), WM_APP, 0, 0);
+  EXPECT_EQ(QnUtil_ExecuteProgramEX(system_test::sibling_program("qnutil_sleeper").c_str(),
+                                    dir.file("out.txt").c_str()),
+            1);
+  EXPECT_EQ(CountingWindow::dispatched(), 1);
+  EXPECT_FALSE(queue_holds_message(window.handle()));
+}
+
+#endif
+
+}  // namespace
