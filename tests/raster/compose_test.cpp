@@ -1,0 +1,215 @@
+// DrawBitmap and CopyRect: clipping, the mode 0 and mode 1 formulas against
+// straightforward scalar versions, opacity, and drawing onto itself.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "bmp_bytes.h"
+#include "engine_support.h"
+
+using namespace raster_test;
+
+namespace {
+
+uint32_t channel(uint32_t p, int shift) { return (p >> shift) & 255; }
+
+// Pixel (x, y) in picture coordinates as a mutable word.
+uint32_t& at(CQnBitmap& image, int x, int y) {
+  return reinterpret_cast<uint32_t*>(image.Pixels() + size_t(image.Height() - 1 - y) * image.Stride())[x];
+}
+
+int clampi(int64_t v, int64_t lo, int64_t hi) { return static_cast<int>(std::max(std::min(v, hi), lo)); }
+
+// The whole operation written out plainly, pixel by pixel.
+void draw_reference(CQnBitmap& dst, int x, int y, int width, int height, CQnBitmap& src, int sx, int sy, int sw,
+                    int sh, int opacity, int mode) {
+  const int W = dst.Width(), H = dst.Height(), SW = src.Width(), SH = src.Height();
+  const int x0 = sx < 0 ? clampi(int64_t(x) - sx, 0, W - 1) : clampi(x, 0, W - 1);
+  const int y0 = sy < 0 ? clampi(int64_t(y) - sy, 0, H - 1) : clampi(y, 0, H - 1);
+  const int dW = clampi(int64_t(x) + width, 0, W - 1) - x0 + 1, dH = clampi(int64_t(y) + height, 0, H - 1) - y0 + 1;
+  const int sx0 = x < 0 ? clampi(int64_t(sx) - x, 0, SW - 1) : clampi(sx, 0, SW - 1);
+  const int sy0 = y < 0 ? clampi(int64_t(sy) - y, 0, SH - 1) : clampi(sy, 0, SH - 1);
+  const int sW = clampi(int64_t(sw) + sx, 0, SW - 1) - sx0 + 1, sH = clampi(int64_t(sy) + sh, 0, SH - 1) - sy0 + 1;
+  if (dW <= 0 || dH <= 0 || sW <= 0 || sH <= 0) return;
+  const int64_t fx = static_cast<int64_t>(float(sW) / float(dW) * 256.0f);
+  const int64_t fy = static_cast<int64_t>(float(sH) / float(dH) * 256.0f);
+  const int a = static_cast<int>(float(std::clamp(opacity, 0, 100)) / 100.0f * 256.0f), b = 256 - a;
+  for (int j = 0; j < dH; ++j)
+    for (int i = 0; i < dW; ++i) {
+      uint32_t sample = 0;
+      if (mode == 0) {
+        sample = at(src, sx0 + int((i * 256 * fx) >> 16), sy0 + int((j * 256 * fy) >> 16));
+      } else {
+        const int64_t vy = ((j * 256) * fy) >> 8, vx = (i * 256) * fx;
+        const int col = sx0 + int(vx >> 16), row = sy0 + int(vy >> 8);
+        const int ty = int(vy & 255), tx = int((vx >> 8) & 255);
+        const bool right = i < SW - 1 && col + 1 < SW, below = j < SH - 1 && row + 1 < SH;
+        const uint32_t p00 = at(src, col, row);
+        const uint32_t p01 = right ? at(src, col + 1, row) : p00;
+        const uint32_t p10 = below ? at(src, col, row + 1) : p00;
+        const uint32_t p11 = right && below ? at(src, col + 1, row + 1) : p00;
+        const int w00 = ((256 - ty) * (256 - tx)) >> 8, w01 = ((256 - ty) * tx) >> 8;
+        const int w10 = ((256 - tx) * ty) >> 8, w11 = (ty * tx) >> 8;
+        for (int shift : {0, 8, 16}) {
+          const int sum = ((int(channel(p00, shift)) * 256 * w00) >> 8) + ((int(channel(p01, shift)) * 256 * w01) >> 8) +
+                          ((int(channel(p10, shift)) * 256 * w10) >> 8) + ((int(channel(p11, shift)) * 256 * w11) >> 8);
+          sample |= static_cast<uint32_t>(sum >> 8) << shift;
+        }
+      }
+      uint32_t& d = at(dst, x0 + i, y0 + j);
+      uint32_t out = 0;
+      for (int shift : {0, 8, 16})
+        out |= static_cast<uint32_t>((((int(channel(sample, shift)) * 256 * a) >> 8) +
+                                      ((int(channel(d, shift)) * 256 * b) >> 8)) >> 8) << shift;
+      d = out;
+    }
+}
+
+struct DrawCase {
+  int dw, dh, sw_img, sh_img;  // picture sizes
+  int x, y, width, height, sx, sy, sw, sh, opacity;
+};
+
+class DrawModes : public testing::TestWithParam<std::tuple<int, DrawCase>> {};
+
+TEST_P(DrawModes, MatchTheScalarFormula) {
+  const auto& [mode, c] = GetParam();
+  CQnBitmap dst, src, expected;
+  set_words(dst, c.dw, c.dh, pattern_words(size_t(c.dw) * c.dh, 1));
+  set_words(src, c.sw_img, c.sh_img, pattern_words(size_t(c.sw_img) * c.sh_img, 2));
+  expected.Copy(&dst);
+  dst.SetInterpolationMode(mode);
+  dst.DrawBitmap(c.x, c.y, c.width, c.height, &src, c.sx, c.sy, c.sw, c.sh, c.opacity);
+  draw_reference(expected, c.x, c.y, c.width, c.height, src, c.sx, c.sy, c.sw, c.sh, c.opacity, mode);
+  EXPECT_EQ(words_of(dst), words_of(expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rectangles, DrawModes,
+    testing::Combine(testing::Values(0, 1),
+                     testing::Values(DrawCase{40, 30, 10, 10, 3, 4, 19, 19, 0, 0, 9, 9, 100},    // enlarge
+                                     DrawCase{17, 13, 31, 29, 0, 0, 16, 12, 0, 0, 30, 28, 100},  // reduce
+                                     DrawCase{17, 13, 31, 29, 2, 1, 9, 7, 5, 3, 11, 20, 37},     // opacity
+                                     DrawCase{20, 20, 9, 7, -5, -3, 30, 30, 0, 0, 8, 6, 150},
+                                     DrawCase{20, 20, 9, 7, 2, 2, 10, 10, -4, -2, 8, 6, -5},
+                                     DrawCase{20, 20, 9, 7, 50, 3, 10, 10, 0, 0, 8, 6, 80},  // right of the image
+                                     DrawCase{23, 19, 23, 19, 0, 0, 22, 18, 0, 0, 22, 18, 64},
+                                     DrawCase{30, 30, 5, 40, 1, 1, 27, 7, 3, 30, 1, 9, 100},
+                                     DrawCase{9, 9, 9, 9, 0, 0, 8, 8, 8, 8, 0, 0, 100})));
+
+TEST(DrawBitmap, TenByTenDrawnWithNineteenFillsTwentyByTwenty) {
+  CQnBitmap dst, src;
+  dst.Create(30, 30);
+  dst.Fill(0xABCDEF);
+  std::vector<uint32_t> words(100);
+  for (int i = 0; i < 100; ++i) words[i] = static_cast<uint32_t>(i);
+  set_words(src, 10, 10, words);
+  dst.DrawBitmap(2, 3, 19, 19, &src, 0, 0, 9, 9, 100);
+  for (int y = 0; y < 30; ++y)
+    for (int x = 0; x < 30; ++x) {
+      const bool inside = x >= 2 && x < 22 && y >= 3 && y < 23;
+      const uint32_t expected = inside ? picture_pixel(src, (x - 2) / 2, (y - 3) / 2) : 0xABCDEF;
+      ASSERT_EQ(picture_pixel(dst, x, y), expected) << x << "," << y;
+    }
+}
+
+TEST(DrawBitmap, OpacityIsClampedToZeroAndHundred) {
+  CQnBitmap dst, src;
+  set_words(src, 1, 1, {0x102030});
+  for (const auto& [opacity, expected] : {std::pair{-5, 0x405060u}, std::pair{0, 0x405060u},
+                                         std::pair{150, 0x102030u}, std::pair{50, 0x283848u}}) {
+    set_words(dst, 1, 1, {0xFF405060});
+    dst.DrawBitmap(0, 0, 0, 0, &src, 0, 0, 0, 0, opacity);
+    EXPECT_EQ(words_of(dst), std::vector<uint32_t>{expected}) << opacity;
+  }
+}
+
+TEST(DrawBitmap, OffImageRectangleClampsToTheLastColumn) {
+  CQnBitmap dst, src;
+  dst.Create(5, 2);
+  dst.Fill(0);
+  set_words(src, 1, 1, {0x111111});
+  dst.DrawBitmap(100, 0, 3, 1, &src, 0, 0, 0, 0, 100);
+  EXPECT_EQ(picture_pixel(dst, 4, 0), 0x111111u);
+  EXPECT_EQ(picture_pixel(dst, 4, 1), 0x111111u);
+  EXPECT_EQ(picture_pixel(dst, 3, 0), 0u);
+}
+
+TEST(DrawBitmap, DrawingOntoItselfSeesPixelsAlreadyWritten) {
+  for (int mode : {0, 1}) {
+    CQnBitmap image, expected;
+    set_words(image, 12, 9, pattern_words(108, 5));
+    expected.Copy(&image);
+    image.SetInterpolationMode(mode);
+    image.DrawBitmap(2, 1, 9, 7, &image, 0, 0, 4, 3, 70);
+    draw_reference(expected, 2, 1, 9, 7, expected, 0, 0, 4, 3, 70, mode);
+    EXPECT_EQ(words_of(image), words_of(expected)) << mode;
+  }
+}
+
+TEST(DrawBitmap, OtherModesAndEmptyImagesDrawNothing) {
+  CQnBitmap dst, src, empty;
+  set_words(dst, 4, 4, pattern_words(16, 1));
+  set_words(src, 4, 4, pattern_words(16, 2));
+  const auto before = words_of(dst);
+  for (int mode : {-1, 3}) {
+    dst.SetInterpolationMode(mode);
+    dst.DrawBitmap(0, 0, 3, 3, &src, 0, 0, 3, 3, 100);
+  }
+  dst.SetInterpolationMode(0);
+  dst.DrawBitmap(0, 0, 3, 3, &empty, 0, 0, 3, 3, 100);
+  dst.DrawBitmap(0, 0, 3, 3, nullptr, 0, 0, 3, 3, 100);
+  empty.DrawBitmap(0, 0, 3, 3, &src, 0, 0, 3, 3, 100);
+  EXPECT_EQ(words_of(dst), before);
+}
+
+TEST(DrawBitmap, SmoothModeAveragesReductionsAndKeepsFlatColours) {
+  CQnBitmap dst, src;
+  dst.SetInterpolationMode(2);
+  dst.Create(2, 1);
+  std::vector<uint32_t> stripes;  // black and white columns
+  for (int i = 0; i < 8; ++i) stripes.push_back(i % 2 ? 0xFFFFFF : 0);
+  set_words(src, 8, 1, stripes);
+  dst.DrawBitmap(0, 0, 1, 0, &src, 0, 0, 7, 0, 100);
+  EXPECT_EQ(words_of(dst), (std::vector<uint32_t>{0x808080, 0x808080}));
+  // Enlarging a flat colour gives the same colour everywhere.
+  CQnBitmap big;
+  big.SetInterpolationMode(2);
+  big.Create(25, 17);
+  set_words(src, 3, 2, std::vector<uint32_t>(6, 0x336699));
+  big.DrawBitmap(0, 0, 24, 16, &src, 0, 0, 2, 1, 100);
+  EXPECT_EQ(words_of(big), std::vector<uint32_t>(25 * 17, 0x336699));
+}
+
+TEST(CopyRect, CopiesInclusiveSpansWordForWord) {
+  CQnBitmap dst, src;
+  dst.Create(6, 5);
+  dst.Fill(0);
+  std::vector<uint32_t> words;
+  for (int i = 0; i < 16; ++i) words.push_back(0xAA000000u | static_cast<uint32_t>(i));
+  set_words(src, 4, 4, words);
+  dst.CopyRect(1, 2, 1, 1, &src, 2, 1);  // span 1: two columns and two rows
+  for (int y = 0; y < 5; ++y)
+    for (int x = 0; x < 6; ++x) {
+      const bool inside = x >= 1 && x <= 2 && y >= 2 && y <= 3;
+      EXPECT_EQ(picture_pixel(dst, x, y), inside ? picture_pixel(src, x - 1 + 2, y - 2 + 1) : 0u) << x << "," << y;
+    }
+  const auto before = words_of(dst);
+  dst.CopyRect(0, 0, 0, 3, &src, 0, 0);  // span 0: nothing
+  dst.CopyRect(0, 0, 3, 3, &src, 3, 0);  // source span clamped to 0
+  EXPECT_EQ(words_of(dst), before);
+}
+
+TEST(CopyRect, OverlappingCopyOntoItselfRunsRightAndDown) {
+  CQnBitmap image;
+  std::vector<uint32_t> row{1, 2, 3, 4, 5};
+  set_words(image, 5, 1, row);
+  // Rows 0..0 have span 0 in height, so use two rows.
+  set_words(image, 5, 2, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+  image.CopyRect(1, 0, 3, 1, &image, 0, 0);
+  // Each word written is read again one column later.
+  EXPECT_EQ(picture_pixel(image, 4, 0), picture_pixel(image, 0, 0));
+  EXPECT_EQ(picture_pixel(image, 4, 1), picture_pixel(image, 0, 1));
+}
+
+}  // namespace
