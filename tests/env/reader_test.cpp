@@ -1,0 +1,199 @@
+// The text reader: character layer, scanner, parser and its messages.
+#include "env_fixture.h"
+
+using env_test::Env;
+using env_test::get_text;
+using env_test::read_text;
+using qnutil_test::MessageCapture;
+
+namespace {
+
+struct ReadCase {
+  const char* name;
+  const char* text;
+  const char* section;
+  const char* path;
+  const char* expected;  // the data text, or "<code>" for a failed get
+};
+
+class EnvReadValue : public ::testing::TestWithParam<ReadCase> {};
+
+TEST_P(EnvReadValue, ReadsTheText) {
+  const ReadCase& c = GetParam();
+  Env env;
+  ASSERT_EQ(read_text(env, c.text), ENV_OK);
+  EXPECT_EQ(get_text(env, c.section, c.path), c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Format, EnvReadValue,
+    ::testing::Values(
+        ReadCase{"EmptyValue", "[S]\na =\n", "S", "a", ""},
+        ReadCase{"EmptyValueAtEnd", "[S]\na =", "S", "a", ""},
+        ReadCase{"TrailingBlanksCut", "[S]\na = x  \t \n", "S", "a", "x"},
+        ReadCase{"LeadingBlanksSkipped", "[S]\na =  x\n", "S", "a", "x"},
+        ReadCase{"NameBlanksCut", "[S]\n   long name \t= v\n", "S", "long name", "v"},
+        ReadCase{"SectionNameTrimmed", "[ \tS x\t ]\na =1\n", "S x", "a", "1"},
+        ReadCase{"TextBeforeFirstSectionIgnored", "junk = 1\n}}\n[S]\na =1\n", "S", "a", "1"},
+        ReadCase{"ValueKeepsSpecials", "[S]\na =1;2=[x]},{\n", "S", "a", "1;2=[x]},{"},
+        ReadCase{"CommentLine", "[S]\n;a =1\nb =2\n", "S", "a", "<-4>"},
+        ReadCase{"CommentAtInputStart", ";[X]\n[S]\nb =2\n", "X", "b", "<-4>"},
+        ReadCase{"IndentedSemicolonIsAName", "[S]\n ;c =2\n", "S", ";c", "2"},
+        ReadCase{"Continuation", "[S]\na =12\\\n34\n", "S", "a", "1234"},
+        ReadCase{"ContinuationWithSpaces", "[S]\na =12\\   \n34\n", "S", "a", "1234"},
+        ReadCase{"BackslashKept", "[S]\na =12\\x\n", "S", "a", "12\\x"},
+        ReadCase{"BackslashSpacesKept", "[S]\na =12\\  x\n", "S", "a", "12\\  x"},
+        ReadCase{"ContinuationInName", "[S]\nna\\\nme =1\n", "S", "name", "1"},
+        ReadCase{"NameOverLines", "[S]\nname\nc =1\n", "S", "name\nc", "1"},
+        ReadCase{"CarriageReturnKeptByCallback", "[S]\na =1\r\n", "S", "a", "1\r"},
+        ReadCase{"BlockAfterBlank", "[S]\nb = {\nc =1\n}\n", "S", "b@c", "1"},
+        ReadCase{"BlockThenName", "[S]\nb = {x =2\n}\n", "S", "b@x", "2"},
+        ReadCase{"NestedBlocks", "[S]\na={b={c={d=deep\n}}}\n", "S", "a@b@c@d", "deep"},
+        ReadCase{"Duplicates", "[S]\na =1\na =2\n", "S", "a@2", "2"},
+        ReadCase{"DuplicateSections", "[S]\na =1\n[S]\na =2\n", "S", "a@2", "<-4>"},
+        ReadCase{"TrailingBlanksOnlyFromLastChunk",
+                 "[S]\na =xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
+                 "xxxxxxxxxxxxxxxxxxxxx  \n",
+                 "S", "a",
+                 "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
+                 "xxxxxxxxxxxxxxxxxxxxx "},
+        ReadCase{"ValueOverChunks",
+                 "[S]\na =0123456789012345678901234567890123456789012345678901234567890123456789"
+                 "012345678901234567890123456789 end\n",
+                 "S", "a",
+                 "0123456789012345678901234567890123456789012345678901234567890123456789"
+                 "012345678901234567890123456789 end"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(EnvRead, EmptyInputsGiveAnEmptyEnvironment) {
+  for (const char* text : {"", "no sections here = 1\n", "\n\n;[x]\n"}) {
+    Env env;
+    ASSERT_EQ(env_put(env, "Old", "a", "1"), ENV_OK);
+    EXPECT_EQ(read_text(env, text), ENV_OK) << text;
+    EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 0) << text;
+  }
+}
+
+TEST(EnvRead, StructureAndOrder) {
+  Env env;
+  ASSERT_EQ(read_text(env, "[S1]\n  width =12.5\n  list =1,2,3\n  frame ={\n    color =red\n  }\n"
+                           "[S2]\n"),
+            ENV_OK);
+  char names[64];
+  ASSERT_EQ(env_list_elem_names(env, nullptr, nullptr, 1, ',', sizeof names, names), ENV_OK);
+  EXPECT_STREQ(names, ",S1,S2,");
+  ASSERT_EQ(env_list_elem_names(env, "S1", nullptr, 1, ',', sizeof names, names), ENV_OK);
+  EXPECT_STREQ(names, ",width,list,frame,");
+  double width = 0;
+  EXPECT_EQ(env_get_double(env, "S1", "width", 1, &width), 1);
+  EXPECT_EQ(width, 12.5);
+  EXPECT_EQ(get_text(env, "S1", "frame@color"), "red");
+  EXPECT_EQ(env_count_elements(env, "S2", nullptr, 1), 0);
+}
+
+struct ErrorCase {
+  const char* text;
+  const char* message;
+  int sections_kept;
+};
+
+class EnvReadError : public ::testing::TestWithParam<ErrorCase> {};
+
+TEST_P(EnvReadError, ReportsAndKeepsEarlierSections) {
+  const ErrorCase& c = GetParam();
+  Env env;
+  MessageCapture capture;
+  EXPECT_EQ(read_text(env, c.text), ENV_SYNTAX);
+  ASSERT_EQ(capture.boxes().size(), 1u);
+  EXPECT_EQ(capture.boxes()[0].text, c.message);
+  EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), c.sections_kept);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Errors, EnvReadError,
+    ::testing::Values(ErrorCase{"[A]\na =1\n}\n", "Section waited", 1},
+                      ErrorCase{"[A]\na =1\n[B]\nb ={\nc =1\n", "Cbracesymbol waited", 1},
+                      ErrorCase{"[A]\n[B]\nname", "Equal sign waited", 1},
+                      ErrorCase{"[A]\nx ={\n[B]\n", "Cbracesymbol waited", 0},
+                      ErrorCase{"[A]\n=1\n", "Section waited", 1}));
+
+TEST(EnvRead, SubenvironmentAndNullAreRefused) {
+  Env env;
+  ASSERT_EQ(env_put(env, "S", "a", "1"), ENV_OK);
+  EnvHandle* sub = env_open_subenv(env, "S", nullptr, 1);
+  MessageCapture capture;
+  EXPECT_EQ(read_text(sub, "[S]\n"), ENV_ERROR);
+  EXPECT_EQ(read_text(nullptr, "[S]\n"), ENV_ERROR);
+  EXPECT_EQ(env_test::texts(capture),
+            (std::vector<std::string>{"can not read subenv", "Nil parametr"}));
+  env_close(sub, 0);
+}
+
+TEST(EnvRead, ByteFFEndsTheInput) {
+  Env env;
+  ASSERT_EQ(read_text(env, "[S]\na =1\xff\nb =2\n"), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "a"), "1");
+  EXPECT_EQ(env_check(env, "S", "b", 1), ENV_NOT_FOUND);
+}
+
+TEST(EnvRead, DeepNestingNeedsNoDeepStack) {
+  constexpr int kDepth = 100000;
+  std::string text = "[S]\n";
+  for (int i = 0; i < kDepth; ++i) text += "b={";
+  text += "leaf=1\n";
+  text += std::string(kDepth, '}');
+  Env env;
+  ASSERT_EQ(read_text(env, text), ENV_OK);
+  EXPECT_EQ(env_check(env, "S", "leaf", 0), ENV_DATA);
+  int leaves = 0;
+  EXPECT_EQ(env_traverse_leafs(
+                env, [](EnvHandle*, const char*, const char*, void* n) { return ++*static_cast<int*>(n); },
+                &leaves),
+            ENV_OK);
+  EXPECT_EQ(leaves, 1);
+}
+
+class EnvReadFile : public ::testing::Test {
+ protected:
+  qnutil_test::ScratchDir dir_;
+};
+
+TEST_F(EnvReadFile, ReadsLikeTheCallbackWithTextModeLineEnds) {
+  const std::string file = dir_.file("settings.env");
+  qnutil_test::write_file(file, "[S]\r\na =1\r\nb ={\r\n c =x\\\r\ny\r\n}\r\nlone =a\rb\r\n");
+  Env env;
+  ASSERT_EQ(env_read_file(file.c_str(), env), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "a"), "1");
+  EXPECT_EQ(get_text(env, "S", "b@c"), "xy");
+  EXPECT_EQ(get_text(env, "S", "lone"), "a\rb");
+}
+
+TEST_F(EnvReadFile, CtrlZAndFFEndTheFile) {
+  const std::string file = dir_.file("z.env");
+  qnutil_test::write_file(file, "[S]\na =1\n\x1a[T]\n");
+  Env env;
+  ASSERT_EQ(env_read_file(file.c_str(), env), ENV_OK);
+  EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 1);
+}
+
+TEST_F(EnvReadFile, LongFileCrossesBufferBoundaries) {
+  std::string text = "[S]\n";
+  for (int i = 0; i < 20000; ++i) text += "key" + std::to_string(i) + " =value " + std::to_string(i) + "\r\n";
+  const std::string file = dir_.file("long.env");
+  qnutil_test::write_file(file, text);
+  Env env;
+  ASSERT_EQ(env_read_file(file.c_str(), env), ENV_OK);
+  EXPECT_EQ(env_count_elements(env, "S", nullptr, 1), 20000);
+  EXPECT_EQ(get_text(env, "S", "key19999"), "value 19999");
+  EXPECT_EQ(get_text(env, "S", "key7777"), "value 7777");
+}
+
+TEST_F(EnvReadFile, MissingFileIsReported) {
+  Env env;
+  MessageCapture capture;
+  const std::string file = dir_.file("missing.env");
+  EXPECT_EQ(env_read_file(file.c_str(), env), ENV_ERROR);
+  EXPECT_EQ(env_test::texts(capture), std::vector<std::string>{"cann't open to read: " + file});
+}
+
+}  // namespace
