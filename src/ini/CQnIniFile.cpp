@@ -1,0 +1,79 @@
+#include "qnutil/CQnIniFile.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+#include "ini/ini_access.h"
+#include "platform/profile.h"
+
+CQnIniFile::CQnIniFile() : m_writable(0) {}
+
+CQnIniFile::CQnIniFile(const std::string& path, unsigned int writable)
+    : m_path(path), m_writable(writable) {}
+
+CQnIniFile::CQnIniFile(const CQnIniFile& other) = default;
+CQnIniFile& CQnIniFile::operator=(const CQnIniFile& other) = default;
+CQnIniFile::~CQnIniFile() = default;
+
+bool CQnIniFile::Open(const std::string&, unsigned int) { return true; }
+
+void CQnIniFile::Close() {}
+
+std::string CQnIniFile::FileReadString(const char* file, const char* section, const char* key) {
+  return qnutil::ini::read_value_or_marker(file, section, key);
+}
+
+int CQnIniFile::FileReadInt(const char* file, const char* section, const char* key) {
+  return static_cast<int>(qnutil::platform::read_profile_int(section, key, 0, file));
+}
+
+double CQnIniFile::FileReadDouble(const char* file, const char* section, const char* key) {
+  const std::string value = FileReadString(file, section, key);
+  if (value.empty() || value == qnutil::ini::kMissingMarker) {
+    return std::numeric_limits<double>::infinity();
+  }
+  return std::strtod(value.c_str(), nullptr);
+}
+
+bool CQnIniFile::FileWriteString(const char* file, const char* section, const char* key,
+                                 const char* value) {
+  return qnutil::platform::write_profile_string(section, key, value, file);
+}
+
+bool CQnIniFile::FileWriteInt(const char* file, const char* section, const char* key, int value) {
+  char text[16];
+  std::snprintf(text, sizeof text, "%ld", static_cast<long>(value));
+  return FileWriteString(file, section, key, text);
+}
+
+bool CQnIniFile::FileWriteDouble(const char* file, const char* section, const char* key,
+                                 double value) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%lg", value);
+  return FileWriteString(file, section, key, text);
+}
+
+std::string CQnIniFile::ReadString(const char* section, const char* key) const {
+  return FileReadString(m_path.c_str(), section, key);
+}
+
+int CQnIniFile::ReadInt(const char* section, const char* key) const {
+  return FileReadInt(m_path.c_str(), section, key);
+}
+
+double CQnIniFile::ReadDouble(const char* section, const char* key) const {
+  return FileReadDouble(m_path.c_str(), section, key);
+}
+
+bool CQnIniFile::WriteString(const char* section, const char* key, const char* value) const {
+  return FileWriteString(m_path.c_str(), section, key, value);
+}
+
+bool CQnIniFile::WriteInt(const char* section, const char* key, int value) const {
+  return FileWriteInt(m_path.c_str(), section, key, value);
+}
+
+bool CQnIniFile::WriteDouble(const char* section, const char* key, double value) const {
+  return FileWriteDouble(m_path.c_str(), section, key, value);
+}

@@ -1,0 +1,95 @@
+// Single values through a mini handle: integers, doubles and strings.
+#include <cerrno>
+#include <climits>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "frame/export_guard.h"
+#include "ini/ini_access.h"
+#include "ini/mini_handle.h"
+#include "ini/multibyte_copy.h"
+
+using qnutil::frame::guard_export;
+using qnutil::ini::ini_file;
+
+namespace {
+
+constexpr int kOk = QNUTIL_OK;
+constexpr int kFailed = QNUTIL_FAILED;
+
+bool is_missing(const std::string& value) { return value == qnutil::ini::kMissingMarker; }
+
+// strtol as a 32-bit long has it on every target: out-of-range values
+// saturate at the 32-bit limits.
+long to_long32(const char* text) {
+  const long long value = std::strtoll(text, nullptr, 10);
+  return static_cast<long>(value < INT32_MIN ? INT32_MIN : value > INT32_MAX ? INT32_MAX : value);
+}
+
+}  // namespace
+
+extern "C" QNUTIL_API int QNUTIL_CALL mini_read_long(MiniHandle handle, const char* section,
+                                                     const char* key, long* out) {
+  if (!handle || !section || !key || !out) return kFailed;
+  return guard_export(kFailed, [&] {
+    const std::string value = ini_file(handle)->ReadString(section, key);
+    if (is_missing(value)) return kFailed;
+    *out = to_long32(value.c_str());
+    return kOk;
+  });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL mini_read_double(MiniHandle handle, const char* section,
+                                                       const char* key, double* out) {
+  if (!handle || !section || !key || !out) return kFailed;
+  return guard_export(kFailed, [&] {
+    const double value = ini_file(handle)->ReadDouble(section, key);
+    if (value == HUGE_VAL) return kFailed;
+    *out = value;
+    return kOk;
+  });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL mini_read_string(MiniHandle handle, const char* section,
+                                                       const char* key, char* buf, unsigned int* len) {
+  if (!handle || !section || !key || !buf || !len) return kFailed;
+  return guard_export(kFailed, [&] {
+    const std::string value = ini_file(handle)->ReadString(section, key);
+    if (is_missing(value)) return kFailed;
+    if (value.size() >= *len) {
+      qnutil::ini::copy_multibyte_bytes(buf, value.c_str(), *len);
+      buf[*len] = '\0';
+    } else {
+      std::memcpy(buf, value.c_str(), value.size() + 1);
+      *len = static_cast<unsigned int>(value.size());
+    }
+    return kOk;
+  });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL mini_write_long(MiniHandle handle, const char* section,
+                                                      const char* key, long value) {
+  if (!handle || !section || !key) return kFailed;
+  return guard_export(kFailed, [&] {
+    return ini_file(handle)->WriteInt(section, key, static_cast<int>(value)) ? kOk : kFailed;
+  });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL mini_write_double(MiniHandle handle, const char* section,
+                                                        const char* key, double value) {
+  if (!handle || !section || !key) return kFailed;
+  return guard_export(kFailed, [&] {
+    return ini_file(handle)->WriteDouble(section, key, value) ? kOk : kFailed;
+  });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL mini_write_string(MiniHandle handle, const char* section,
+                                                        const char* key, const char* value) {
+  if (!handle || !section || !key || !value) return kFailed;
+  return guard_export(kFailed, [&] {
+    return ini_file(handle)->WriteString(section, key, value) ? kOk : kFailed;
+  });
+}
