@@ -1,0 +1,111 @@
+/*
+ * INI persistence: scalar values and number lists in INI files (mini_*),
+ * drawing style records stored as number lists, and the material record.
+ *
+ * A mini handle is bound to one existing INI file. Every read reports a
+ * status: 0 for a value, -1 for a missing key (or section or file), a
+ * NULL argument or a malformed value; outputs are left alone on -1.
+ * Writes return 0 on success and -1 on failure. Files are read and
+ * written through the platform's private-profile functions (on POSIX the
+ * library's own engine with the same results): sections and keys are
+ * matched without regard to case, values have their surrounding blanks
+ * and one pair of matching quotes removed.
+ *
+ * C++ callers also get the classes CQnIniFile and CQnMatFile.
+ */
+#ifndef QNUTIL_INI_H
+#define QNUTIL_INI_H
+
+#include <stdint.h>
+
+#include "common.h"
+
+/** Mode bit of mini_open / mini_open_ex: open for reading (else writing). */
+#define QNUTIL_MINI_READ 0x10
+
+/** Handle of an INI file opened with mini_open or mini_open_ex. */
+typedef struct QnUtilMiniFile* MiniHandle;
+
+QNUTIL_EXTERN_C_BEGIN
+
+/**
+ * Opens the INI file name in folder dir: the path is composed with
+ * QnUtil_Makepath(buf, "", dir, name) (lower-cased on Windows), then opened
+ * as mini_open_ex does. Returns the handle or NULL.
+ */
+QNUTIL_API MiniHandle QNUTIL_CALL mini_open(const char* dir, const char* name, int mode);
+
+/**
+ * Opens the existing INI file path: for reading when mode has
+ * QNUTIL_MINI_READ set (the file must be readable), else for writing (it
+ * must be writable). Returns NULL for a NULL or empty path, a file that
+ * does not exist or is not accessible that way, or no memory. Release the
+ * handle with mini_close.
+ */
+QNUTIL_API MiniHandle QNUTIL_CALL mini_open_ex(const char* path, int mode);
+
+/**
+ * Releases *handle. Returns 1 after releasing it, 0 when handle or *handle
+ * is NULL. The caller's variable is not cleared.
+ */
+QNUTIL_API int QNUTIL_CALL mini_close(MiniHandle* handle);
+
+/** Reads the value's leading integer (C strtol, saturated to 32 bits; an
+ *  empty value gives 0) into *out. */
+QNUTIL_API int QNUTIL_CALL mini_read_long(MiniHandle handle, const char* section, const char* key,
+                                          long* out);
+
+/** Reads the value's leading number (C strtod) into *out; -1 also for an
+ *  empty value and for a value that reads as positive infinity. */
+QNUTIL_API int QNUTIL_CALL mini_read_double(MiniHandle handle, const char* section, const char* key,
+                                            double* out);
+
+/**
+ * Reads a list of numbers such as "1,2.5,-3" into out[0..*count-1]: each
+ * number (C strtod) is followed by exactly one separator character of any
+ * kind, so "1 2 3" reads too, while "1,2," and an empty value fail. *count
+ * is the capacity on entry (at least 1) and the number of values read on
+ * success; reading stops when the capacity is reached. On failure values
+ * stored so far stay in out and *count is unchanged.
+ */
+QNUTIL_API int QNUTIL_CALL mini_read_doubles(MiniHandle handle, const char* section,
+                                             const char* key, double* out, int* count);
+
+/**
+ * Reads the value into buf. A value of *len bytes or more is cut to *len
+ * bytes (never inside a double-byte character), terminated at buf[*len],
+ * and *len stays; a shorter value is copied whole and *len set to its
+ * length. buf must hold *len + 1 bytes.
+ */
+QNUTIL_API int QNUTIL_CALL mini_read_string(MiniHandle handle, const char* section, const char* key,
+                                            char* buf, unsigned int* len);
+
+/** Writes value formatted "%ld" (as a 32-bit int). */
+QNUTIL_API int QNUTIL_CALL mini_write_long(MiniHandle handle, const char* section, const char* key,
+                                           long value);
+
+/** Writes value formatted "%lg": six significant digits, exponent notation
+ *  for very small or large values, the locale's decimal mark. */
+QNUTIL_API int QNUTIL_CALL mini_write_double(MiniHandle handle, const char* section,
+                                             const char* key, double value);
+
+/**
+ * Writes values[0..n-1] as one list joined by ",": a value without
+ * fraction as a 32-bit integer ("%d"; values beyond that range appear as
+ * -2147483648), others as "%f" with "." as decimal mark. n <= 0 writes an
+ * empty value. values may be NULL only when n <= 0.
+ */
+QNUTIL_API int QNUTIL_CALL mini_write_doubles(MiniHandle handle, const char* section,
+                                              const char* key, const double* values, int n);
+
+/** Writes value verbatim (no quoting). */
+QNUTIL_API int QNUTIL_CALL mini_write_string(MiniHandle handle, const char* section,
+                                             const char* key, const char* value);
+
+QNUTIL_EXTERN_C_END
+
+#ifdef __cplusplus
+#include "CQnIniFile.h"
+#endif
+
+#endif /* QNUTIL_INI_H */
