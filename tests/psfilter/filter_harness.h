@@ -1,0 +1,122 @@
+// Running test plug-ins from the tests: images with a known pattern, a
+// loaded filter that frees itself, and one run's outcome.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "plugin_paths.h"
+#include "qnutil/qnutil.h"
+
+namespace qnutil_test {
+
+// Rows top-down, blue, green, red, alpha, with padding after each row.
+struct Image {
+  int32_t width = 0;
+  int32_t height = 0;
+  int32_t rowBytes = 0;
+  std::vector<uint8_t> bytes;
+
+  uint8_t* pixel(int x, int y) { return bytes.data() + y * rowBytes + x * 4; }
+  const uint8_t* pixel(int x, int y) const { return bytes.data() + y * rowBytes + x * 4; }
+};
+
+// Every byte differs from its neighbours, padding included.
+inline Image pattern_image(int32_t width, int32_t height, int32_t padding = 8) {
+  Image image{width, height, width * 4 + padding, {}};
+  image.bytes.resize(size_t(image.rowBytes) * height);
+  for (size_t i = 0; i < image.bytes.size(); ++i) image.bytes[i] = uint8_t(i * 7 + i / 13);
+  return image;
+}
+
+// Sets an environment variable of the process for the scope.
+class EnvSetting {
+ public:
+  EnvSetting(const char* name, const std::string& value) : name_(name) { SetEnvironmentVariableA(name, value.c_str()); }
+  ~EnvSetting() { SetEnvironmentVariableA(name_, nullptr); }
+  EnvSetting(const EnvSetting&) = delete;
+  EnvSetting& operator=(const EnvSetting&) = delete;
+
+ private:
+  const char* name_;
+};
+
+class LoadedFilter {
+ public:
+  explicit LoadedFilter(const std::string& module) {
+    AVGetPSFilterAndInfo(plugin_path(module).c_str(), nullptr, nullptr, &filter_, nullptr);
+  }
+  ~LoadedFilter() { AVFreeGotPSFilter(&filter_); }
+  LoadedFilter(const LoadedFilter&) = delete;
+  LoadedFilter& operator=(const LoadedFilter&) = delete;
+
+  PSFilter_* get() const { return filter_; }
+  bool can_repeat() const {
+    bool canRepeat = false;
+    AVPSFilterCanDoLastFilter(filter_, &canRepeat);
+    return canRepeat;
+  }
+
+ private:
+  PSFilter_* filter_ = nullptr;
+};
+
+struct RunOutcome {
+  bool ok = false;
+  int32_t status = 0;
+  Image image;        // the result image (empty when none was made)
+  std::string trace;  // selectors the plug-in saw, in order
+};
+
+inline RunOutcome run(PSFilter_* filter, const Image& source, bool repeatLast = false,
+                      AVPSFilterProgressProc progress = nullptr, int32_t userValue = 0) {
+  SetEnvironmentVariableA("QNUTIL_PLUGIN_TRACE", nullptr);
+  RunOutcome outcome;
+  unsigned char* result = nullptr;
+  outcome.status = 12345;
+  outcome.ok = AVApplyPSFilter(filter, repeatLast, progress, userValue, source.bytes.data(), source.width,
+                               source.height, source.rowBytes, &result, &outcome.status);
+  if (result) {
+    outcome.image = source;
+    std::memcpy(outcome.image.bytes.data(), result, source.bytes.size());
+    AVFreeGotPSFilterImage(&result);
+  }
+  char trace[256] = {};
+  GetEnvironmentVariableA("QNUTIL_PLUGIN_TRACE", trace, sizeof trace);
+  outcome.trace = trace;
+  return outcome;
+}
+
+// The source with `change(byte)` applied to the host bytes of plug-in planes
+// lo..hi (plane 0 red = byte 2, 1 green = byte 1, 2 blue = byte 0, 3 alpha).
+template <class Change>
+Image with_planes_changed(const Image& source, int lo, int hi, Change change, int firstRow = 0, int endRow = -1) {
+  static const int kPlaneByte[] = {2, 1, 0, 3};
+  Image image = source;
+  if (endRow < 0) endRow = source.height;
+  for (int y = firstRow; y < endRow; ++y)
+    for (int x = 0; x < source.width; ++x)
+      for (int plane = lo; plane <= hi; ++plane) {
+        uint8_t& byte = image.pixel(x, y)[kPlaneByte[plane]];
+        byte = change(byte);
+      }
+  return image;
+}
+
+// "" when equal, else where the first byte differs.
+inline std::string first_difference(const Image& actual, const Image& expected) {
+  if (actual.bytes.size() != expected.bytes.size()) return "sizes differ";
+  for (size_t i = 0; i < actual.bytes.size(); ++i)
+    if (actual.bytes[i] != expected.bytes[i])
+      return "row " + std::to_string(i / expected.rowBytes) + " byte " + std::to_string(i % expected.rowBytes) +
+             ": " + std::to_string(actual.bytes[i]) + " instead of " + std::to_string(expected.bytes[i]);
+  return "";
+}
+
+inline uint8_t inverted(uint8_t value) { return uint8_t(255 - value); }
+
+}  // namespace qnutil_test

@@ -1,0 +1,239 @@
+// Running test plug-ins over images: the selector sequence, tiles and
+// their write-back, kept parameters, progress and cancel, the suites, and
+// failures in each step.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "filter_harness.h"
+
+namespace {
+
+using namespace qnutil_test;
+
+struct TileCase {
+  int width, height;          // image
+  int tileWidth, tileHeight;  // tiles the plug-in asks for
+  int lo, hi;                 // planes
+};
+
+class InvertInTiles : public ::testing::TestWithParam<TileCase> {};
+
+TEST_P(InvertInTiles, EveryTileIsWrittenBackInsideTheImage) {
+  const TileCase c = GetParam();
+  const EnvSetting tileWidth("QNUTIL_PLUGIN_TILE_W", std::to_string(c.tileWidth));
+  const EnvSetting tileHeight("QNUTIL_PLUGIN_TILE_H", std::to_string(c.tileHeight));
+  const EnvSetting lo("QNUTIL_PLUGIN_LO", std::to_string(c.lo));
+  const EnvSetting hi("QNUTIL_PLUGIN_HI", std::to_string(c.hi));
+  LoadedFilter filter("invert");
+  ASSERT_NE(filter.get(), nullptr);
+  const Image source = pattern_image(c.width, c.height);
+
+  const RunOutcome outcome = run(filter.get(), source);
+
+  ASSERT_TRUE(outcome.ok) << outcome.status;  // -20xx: a record field the host set wrongly
+  EXPECT_EQ(outcome.status, 0);
+  const int tiles = ((c.width + c.tileWidth - 1) / c.tileWidth) * ((c.height + c.tileHeight - 1) / c.tileHeight);
+  // Finish is not called after a successful run.
+  EXPECT_EQ(outcome.trace, "123" + std::string(tiles, '4'));
+  EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, c.lo, c.hi, inverted)), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Tiles, InvertInTiles,
+                         ::testing::Values(TileCase{20, 13, 7, 5, 0, 2},     // last column and row reach past the edge
+                                           TileCase{16, 8, 4, 4, 0, 2},      // tiles fit exactly
+                                           TileCase{20, 13, 256, 256, 0, 2}, // one tile larger than the image
+                                           TileCase{5, 3, 1, 1, 0, 2},
+                                           TileCase{9, 6, 4, 4, 0, 0},       // red only
+                                           TileCase{9, 6, 4, 4, 1, 3},       // green, blue and transparency
+                                           TileCase{9, 6, 5, 2, 3, 3}));     // transparency only
+
+TEST(KeptParameters, RepeatReusesTheHandleAndSkipsTheParametersStep) {
+  LoadedFilter filter("params");
+  ASSERT_NE(filter.get(), nullptr);
+  EXPECT_FALSE(filter.can_repeat());
+  const Image source = pattern_image(11, 7);
+  const auto plus = [](int n) { return [n](uint8_t value) { return uint8_t(value + n); }; };
+
+  RunOutcome first = run(filter.get(), source);
+  ASSERT_TRUE(first.ok) << first.status;
+  EXPECT_EQ(first.trace, "1234");
+  EXPECT_EQ(first_difference(first.image, with_planes_changed(source, 0, 2, plus(1))), "");
+  EXPECT_TRUE(filter.can_repeat());
+
+  RunOutcome repeated = run(filter.get(), source, true);
+  ASSERT_TRUE(repeated.ok) << repeated.status;
+  EXPECT_EQ(repeated.trace, "234");
+  EXPECT_EQ(first_difference(repeated.image, with_planes_changed(source, 0, 2, plus(1))), "");
+
+  RunOutcome again = run(filter.get(), source, false);
+  ASSERT_TRUE(again.ok) << again.status;
+  EXPECT_EQ(again.trace, "1234");
+  EXPECT_EQ(first_difference(again.image, with_planes_changed(source, 0, 2, plus(2))), "");
+}
+
+TEST(KeptParameters, RepeatWithoutKeptParametersRunsTheParametersStep) {
+  LoadedFilter filter("params");
+  const RunOutcome outcome = run(filter.get(), pattern_image(4, 4), true);
+  EXPECT_TRUE(outcome.ok);
+  EXPECT_EQ(outcome.trace, "1234");
+  EXPECT_TRUE(filter.can_repeat());
+}
+
+TEST(KeptParameters, CancelledDialogFailsTheRunAndKeepsNothing) {
+  const EnvSetting cancel("QNUTIL_PLUGIN_CANCEL", "1");
+  LoadedFilter filter("params");
+  const Image source = pattern_image(4, 4);
+  const RunOutcome outcome = run(filter.get(), source);
+  EXPECT_FALSE(outcome.ok);
+  EXPECT_EQ(outcome.status, -128);
+  EXPECT_EQ(outcome.trace, "1");
+  // The result image is made before the plug-in is asked, as an unchanged copy.
+  EXPECT_EQ(first_difference(outcome.image, source), "");
+  EXPECT_FALSE(filter.can_repeat());
+}
+
+TEST(KeptParameters, CanDoLastFilterNeedsFilterAndOutput) {
+  LoadedFilter filter("params");
+  bool canRepeat = true;
+  EXPECT_FALSE(AVPSFilterCanDoLastFilter(nullptr, &canRepeat));
+  EXPECT_FALSE(AVPSFilterCanDoLastFilter(filter.get(), nullptr));
+  EXPECT_TRUE(AVPSFilterCanDoLastFilter(filter.get(), &canRepeat));
+  EXPECT_FALSE(canRepeat);
+}
+
+// Progress reports seen by the host's caller.
+struct ProgressLog {
+  std::vector<float> fractions;
+  float cancelAt = 2.0f;  // answer false from this fraction on
+};
+ProgressLog* g_log = nullptr;
+
+bool QNUTIL_CALL record_progress(float fraction, int32_t userValue) {
+  if (userValue != 4711) return false;
+  g_log->fractions.push_back(fraction);
+  return fraction < g_log->cancelAt;
+}
+
+class Progress : public ::testing::Test {
+ protected:
+  void SetUp() override { g_log = &log_; }
+  void TearDown() override { g_log = nullptr; }
+  ProgressLog log_;
+};
+
+TEST_F(Progress, ReportsReachTheCallerInOrder) {
+  LoadedFilter filter("progress");
+  const Image source = pattern_image(6, 10);
+  const RunOutcome outcome = run(filter.get(), source, false, record_progress, 4711);
+  ASSERT_TRUE(outcome.ok) << outcome.status;
+  EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, 0, 2, inverted)), "");
+  // Each row: the report itself, then abortProc asking with the last fraction.
+  ASSERT_EQ(log_.fractions.size(), 20u);
+  for (size_t i = 0; i < log_.fractions.size(); ++i) EXPECT_FLOAT_EQ(log_.fractions[i], float(i / 2 + 1) / 10.0f);
+}
+
+TEST_F(Progress, FalseFromTheCallbackCancelsThroughAbortProc) {
+  LoadedFilter filter("progress");
+  const Image source = pattern_image(6, 10);
+  log_.cancelAt = 0.5f;
+  const RunOutcome cancelled = run(filter.get(), source, false, record_progress, 4711);
+  EXPECT_FALSE(cancelled.ok);
+  EXPECT_EQ(cancelled.status, -128);
+  // Fifth report answered false: abortProc answers true without asking again.
+  EXPECT_EQ(log_.fractions.size(), 9u);
+  // Rows handed back before the cancel are in the result; the row in hand is not.
+  EXPECT_EQ(first_difference(cancelled.image, with_planes_changed(source, 0, 2, inverted, 0, 4)), "");
+
+  // The next run starts afresh.
+  log_ = ProgressLog{};
+  const RunOutcome next = run(filter.get(), source, false, record_progress, 4711);
+  EXPECT_TRUE(next.ok);
+  EXPECT_EQ(first_difference(next.image, with_planes_changed(source, 0, 2, inverted)), "");
+}
+
+TEST_F(Progress, WithoutCallbackTheRunIsNeverCancelled) {
+  LoadedFilter filter("progress");
+  const RunOutcome outcome = run(filter.get(), pattern_image(3, 5));
+  EXPECT_TRUE(outcome.ok);
+  EXPECT_EQ(outcome.trace, "123");
+}
+
+TEST(Suites, BufferAndHandleSuitesServeHostAndPluginMemory) {
+  LoadedFilter filter("suites");
+  const Image source = pattern_image(5, 4);
+  const RunOutcome outcome = run(filter.get(), source);
+  ASSERT_EQ(outcome.status, 0) << "-100x: check x of the plug-in failed";
+  // Plane p was filled with 10 * (p + 1): red 10, green 20, blue 30, transparency 40.
+  Image expected = source;
+  for (int y = 0; y < source.height; ++y)
+    for (int x = 0; x < source.width; ++x) {
+      uint8_t* pixel = expected.pixel(x, y);
+      pixel[0] = 30, pixel[1] = 20, pixel[2] = 10, pixel[3] = 40;
+    }
+  EXPECT_EQ(first_difference(outcome.image, expected), "");
+}
+
+struct FailureCase {
+  const char* fail;  // QNUTIL_PLUGIN_FAIL
+  bool ok;
+  int32_t status;
+  const char* trace;
+  int invertedRows;  // of 8, from the top
+};
+
+class FailingStep : public ::testing::TestWithParam<FailureCase> {};
+
+TEST_P(FailingStep, StatusTraceAndImage) {
+  const FailureCase c = GetParam();
+  const EnvSetting fail("QNUTIL_PLUGIN_FAIL", c.fail);
+  LoadedFilter filter("failing");
+  const Image source = pattern_image(6, 8);
+  const RunOutcome outcome = run(filter.get(), source);
+  EXPECT_EQ(outcome.ok, c.ok);
+  EXPECT_EQ(outcome.status, c.status);
+  EXPECT_EQ(outcome.trace, c.trace);
+  EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, 0, 2, inverted, 0, c.invertedRows)), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Steps, FailingStep,
+    ::testing::Values(FailureCase{"", true, 0, "12344", 8},
+                      FailureCase{"1:-5", false, -5, "1", 0},
+                      FailureCase{"2:-30100", false, -30100, "12", 0},
+                      FailureCase{"2:3", true, 0, "12344", 8},     // a positive prepare result still runs
+                      FailureCase{"3:7", true, 7, "123", 0},       // start's result is the status
+                      FailureCase{"3:-7", false, -7, "123", 0},
+                      // A failing continue is followed by finish, and is not the run's status.
+                      FailureCase{"4:-9", true, 0, "12345", 4},
+                      FailureCase{"4:2", true, 0, "12345", 4}));
+
+TEST(FailingStep, NoTilesEndsRightAfterStart) {
+  const EnvSetting noTiles("QNUTIL_PLUGIN_NO_TILES", "1");
+  LoadedFilter filter("failing");
+  const Image source = pattern_image(6, 8);
+  const RunOutcome outcome = run(filter.get(), source);
+  EXPECT_TRUE(outcome.ok);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.trace, "123");
+  EXPECT_EQ(first_difference(outcome.image, source), "");
+}
+
+TEST(UnusableArguments, FailWithoutCallingThePlugin) {
+  LoadedFilter filter("invert");
+  const Image source = pattern_image(4, 4);
+  unsigned char* result = nullptr;
+  int32_t status = 0;
+  EXPECT_FALSE(AVApplyPSFilter(nullptr, false, nullptr, 0, source.bytes.data(), 4, 4, source.rowBytes, &result, &status));
+  EXPECT_EQ(status, -1);
+  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 4, 4, source.rowBytes, nullptr, &status));
+  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, nullptr, 4, 4, source.rowBytes, &result, &status));
+  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 0, 4, source.rowBytes, &result, nullptr));
+  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 4, 4, 15, &result, &status));
+  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 40000, 1, 160000, &result, &status));
+  EXPECT_EQ(status, -1);
+  EXPECT_EQ(result, nullptr);
+}
+
+}  // namespace
