@@ -1,10 +1,15 @@
 /*
- * Numeric helpers: rounding, trigonometry in degrees, division guarded
- * against a zero divisor, a sign function and text-to-number conversion.
+ * Numeric and text helpers.
  *
- * All of them are stateless and reentrant, never fail and let NaN and
- * infinity propagate by the usual floating-point rules. Results are
- * identical on every target (powers of ten are exact, no FMA contraction).
+ * Numbers: rounding, trigonometry in degrees, division guarded against a
+ * zero divisor, a sign function and text-to-number conversion. They are
+ * stateless and reentrant, never fail and let NaN and infinity propagate
+ * by the usual floating-point rules. Results are identical on every target
+ * (powers of ten are exact, no FMA contraction).
+ *
+ * Text: UTF-8 conversion, position searches and trimming in place for
+ * 8-bit strings in the ANSI code page (Windows-1252 on POSIX), aware of
+ * the double-byte characters of East Asian code pages.
  */
 #ifndef QNUTIL_NUMERIC_H
 #define QNUTIL_NUMERIC_H
@@ -79,6 +84,49 @@ QNUTIL_API double QNUTIL_CALL fsgn(double x);
  * gives negative infinity.
  */
 QNUTIL_API double QNUTIL_CALL QnUtil_StringToDouble(const char* text);
+
+/**
+ * UTF-8 to an 8-bit string: the text is decoded to UTF-16 as the platform
+ * does it (ill-formed sequences become U+FFFD) and each UTF-16 unit
+ * is stored as its low byte, without any replacement character: U+00E4
+ * gives 0xE4, U+20AC gives 0xAC. out needs one byte per UTF-16 unit plus
+ * the terminator. Returns 1, or 0 for empty input (out then untouched).
+ */
+QNUTIL_API int QNUTIL_CALL ConvertFromUTF8(const char* utf8, char* out);
+
+/**
+ * ANSI text to UTF-8 (the platform's conversion through UTF-16). out needs
+ * up to three bytes per input byte plus the terminator. Returns 1, or 0
+ * for empty input (out then untouched).
+ */
+QNUTIL_API int QNUTIL_CALL ConvertToUTF8(const char* text, char* out);
+
+/**
+ * Byte index of the first single-byte character c in s, or -1. Case
+ * sensitive ("I" stands for the index); trail bytes of double-byte
+ * characters never match. c = '\0' finds the terminator.
+ */
+QNUTIL_API int QNUTIL_CALL QnUtil_StrIChr(const char* s, char c);
+
+/**
+ * Byte index of the first occurrence of sub in s that starts on a
+ * character boundary, or -1. Case sensitive; an empty sub gives 0.
+ */
+QNUTIL_API int QNUTIL_CALL QnUtil_StrIPos(const char* s, const char* sub);
+
+/**
+ * Removes leading white space (0x09-0x0D, 0x20) in place; the bytes freed
+ * at the end of the original text are set to zero. Returns s.
+ */
+QNUTIL_API char* QNUTIL_CALL QnUtil_StrLTrim(char* s);
+
+/** Exactly QnUtil_StrLTrim: it trims the START of s, not the end (kept
+ *  for the host's callers; use QnUtil_StrTrim to trim the end). Returns s. */
+QNUTIL_API char* QNUTIL_CALL QnUtil_StrRTrim(char* s);
+
+/** Removes leading and trailing white space in place as QnUtil_StrLTrim
+ *  does; double-byte characters are never white space. Returns s. */
+QNUTIL_API char* QNUTIL_CALL QnUtil_StrTrim(char* s);
 
 QNUTIL_EXTERN_C_END
 

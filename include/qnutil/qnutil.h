@@ -10,6 +10,7 @@
 #include "calc.h"
 #include "env.h"
 #include "numeric.h"
+#include "encoding.h"
 #include "files.h"
 #include "system.h"
 #include "triangulate.h"

@@ -1,0 +1,96 @@
+// The two-call base64 rendering of files.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "qnutil/qnutil.h"
+#include "support/test_support.h"
+
+namespace {
+
+using qnutil_test::ScratchDir;
+using qnutil_test::write_file;
+
+constexpr unsigned char kUntouched = 0x55;
+constexpr unsigned int kUntouchedLength = 0xDEADBEEF;
+
+struct Result {
+  int size_status = -1, copy_status = -1;
+  unsigned int length = kUntouchedLength;
+  std::string text;         // the buffer up to the reported length
+  bool overran = false;     // a byte beyond length - 1 was written
+};
+
+// Runs the caller's protocol: ask for the size, allocate it plus a guard
+// area, fill.
+Result convert(const std::string& path) {
+  Result r;
+  r.size_status = jpgToXML(path.c_str(), nullptr, &r.length, 1);
+  const std::size_t n = r.size_status == 1 ? r.length : 16;
+  std::vector<unsigned char> buffer(n + 16, kUntouched);
+  unsigned int length_on_copy = kUntouchedLength;
+  r.copy_status = jpgToXML(path.c_str(), buffer.data(), &length_on_copy, 0);
+  EXPECT_EQ(length_on_copy, kUntouchedLength) << "the copying call must not touch length";
+  for (std::size_t i = n > 0 ? n - 1 : 0; i < buffer.size(); ++i) r.overran |= buffer[i] != kUntouched;
+  r.text.assign(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(n > 0 ? n - 1 : 0));
+  return r;
+}
+
+struct FileCase {
+  std::string content;
+  unsigned int length;
+  std::string copied;  // the text without its final character
+};
+
+class JpgToXmlTest : public ::testing::TestWithParam<FileCase> {};
+
+TEST_P(JpgToXmlTest, ReportsTheLengthThenCopiesAllButTheLastCharacter) {
+  ScratchDir dir;
+  write_file(dir.file("picture.jpg"), GetParam().content);
+  const Result r = convert(dir.file("picture.jpg"));
+  EXPECT_EQ(r.size_status, 1);
+  EXPECT_EQ(r.copy_status, 1);
+  EXPECT_EQ(r.length, GetParam().length);
+  EXPECT_EQ(r.text, GetParam().copied);
+  EXPECT_FALSE(r.overran);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, JpgToXmlTest,
+                         ::testing::Values(FileCase{"Man", 4, "TWF"}, FileCase{"M", 4, "TQ="},
+                                           FileCase{"Ma", 4, "TWE"}, FileCase{"", 0, ""},
+                                           FileCase{"Many", 8, "TWFueQ="},
+                                           FileCase{std::string("\0\xFF\xFE\x01", 4), 8, "AP/+AQ="},
+                                           FileCase{"foobar", 8, "Zm9vYmF"},
+                                           FileCase{"any carnal pleasure.", 28, "YW55IGNhcm5hbCBwbGVhc3VyZS4"}));
+
+TEST(JpgToXml, MissingFileFailsAndTouchesNothing) {
+  ScratchDir dir;
+  unsigned int length = kUntouchedLength;
+  unsigned char buffer[4] = {kUntouched, kUntouched, kUntouched, kUntouched};
+  EXPECT_EQ(jpgToXML(dir.file("missing.jpg").c_str(), buffer, &length, 1), 0);
+  EXPECT_EQ(jpgToXML(dir.file("missing.jpg").c_str(), buffer, &length, 0), 0);
+  EXPECT_EQ(length, kUntouchedLength);
+  EXPECT_EQ(buffer[0], kUntouched);
+}
+
+TEST(JpgToXml, AFolderIsNotAFile) {
+  ScratchDir dir;
+  unsigned int length = kUntouchedLength;
+  unsigned char buffer[4] = {kUntouched, kUntouched, kUntouched, kUntouched};
+  EXPECT_EQ(jpgToXML(dir.path().string().c_str(), buffer, &length, 1), 0);
+  EXPECT_EQ(jpgToXML(dir.path().string().c_str(), buffer, &length, 0), 0);
+  EXPECT_EQ(length, kUntouchedLength);
+  EXPECT_EQ(buffer[0], kUntouched);
+}
+
+TEST(JpgToXml, NullArgumentsDoNotCrash) {
+  ScratchDir dir;
+  write_file(dir.file("a.bin"), "abc");
+  unsigned int length = 0;
+  EXPECT_EQ(jpgToXML(nullptr, nullptr, &length, 1), 0);
+  EXPECT_EQ(jpgToXML(dir.file("a.bin").c_str(), nullptr, nullptr, 1), 1);
+  EXPECT_EQ(jpgToXML(dir.file("a.bin").c_str(), nullptr, nullptr, 0), 1);
+}
+
+}  // namespace
