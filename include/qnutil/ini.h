@@ -26,6 +26,56 @@
 /** Handle of an INI file opened with mini_open or mini_open_ex. */
 typedef struct QnUtilMiniFile* MiniHandle;
 
+/* Drawing style records, stored as comma-separated number lists. Colours
+ * are 0x00BBGGRR words: red in the low byte, then green and blue. */
+#pragma pack(push, 1)
+
+/** Fill style, 15 bytes without padding; the list holds style, param, the
+ *  three bytes of color, param2, the three bytes of color2, param3. */
+typedef struct FillStyleRec {
+  uint8_t style;
+  uint32_t param;
+  uint32_t color;
+  uint8_t param2;
+  uint32_t color2;
+  uint8_t param3;
+} FillStyleRec;
+
+/** A GUID in the platform's layout (16 bytes). */
+typedef struct QnUtilGuid {
+  uint32_t Data1;
+  uint16_t Data2;
+  uint16_t Data3;
+  uint8_t Data4[8];
+} QnUtilGuid;
+
+/** Fill style followed directly by a GUID, 31 bytes; the GUID is stored
+ *  under the key with "GUID" appended, in registry form. */
+typedef struct FillStyleExRec {
+  FillStyleRec fill;
+  QnUtilGuid guid;
+} FillStyleExRec;
+
+#pragma pack(pop)
+
+/** Pen style (natural alignment, 12 bytes): style, width, red, green, blue. */
+typedef struct PenStyleRec {
+  int32_t style;
+  float width;
+  uint32_t color;
+} PenStyleRec;
+
+/** Texture properties (natural alignment, 52 bytes), 13 numbers: enabled,
+ *  values[0..7], flag2, flag3, value9, value10. The flags are 1 or 0. */
+typedef struct TexPropsRec {
+  int32_t enabled;
+  float values[8];
+  int32_t flag2;
+  int32_t flag3;
+  float value9;
+  float value10;
+} TexPropsRec;
+
 QNUTIL_EXTERN_C_BEGIN
 
 /**
@@ -101,6 +151,43 @@ QNUTIL_API int QNUTIL_CALL mini_write_doubles(MiniHandle handle, const char* sec
 /** Writes value verbatim (no quoting). */
 QNUTIL_API int QNUTIL_CALL mini_write_string(MiniHandle handle, const char* section,
                                              const char* key, const char* value);
+
+/*
+ * Style records. Writers round every field with QnUtil_PRound (whole
+ * numbers for style and colour bytes, 5 decimals otherwise) and store the
+ * list with mini_write_doubles; a param of 2^31 or more therefore appears
+ * as -2147483648. Readers take up to 10, 5 or 13 numbers: integers and
+ * bytes are truncated toward zero (bytes keep their low 8 bits), floats
+ * converted to single precision, flags are 1 when the magnitude is at
+ * least 0.0001; fields without a number in a short list become 0. A
+ * missing key or malformed list gives -1 and leaves the record untouched.
+ */
+QNUTIL_API int QNUTIL_CALL mini_read_fillstyle(MiniHandle handle, const char* section,
+                                               const char* key, FillStyleRec* style);
+QNUTIL_API int QNUTIL_CALL mini_write_fillstyle(MiniHandle handle, const char* section,
+                                                const char* key, const FillStyleRec* style);
+/** As mini_read_fillstyle, then the GUID from key + "GUID" (keys of at
+ *  most 250 bytes). -1 when that key is missing or its text is no GUID;
+ *  the fill fields have been read by then. */
+QNUTIL_API int QNUTIL_CALL mini_read_fillstyle_ex(MiniHandle handle, const char* section,
+                                                  const char* key, FillStyleExRec* style);
+/** As mini_write_fillstyle, then the GUID as upper-case registry text
+ *  "{XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}" under key + "GUID". */
+QNUTIL_API int QNUTIL_CALL mini_write_fillstyle_ex(MiniHandle handle, const char* section,
+                                                   const char* key, const FillStyleExRec* style);
+QNUTIL_API int QNUTIL_CALL mini_read_penstyle(MiniHandle handle, const char* section,
+                                              const char* key, PenStyleRec* pen);
+QNUTIL_API int QNUTIL_CALL mini_write_penstyle(MiniHandle handle, const char* section,
+                                               const char* key, const PenStyleRec* pen);
+/** As mini_write_penstyle, but each colour byte is divided by 255 before
+ *  rounding, so it is stored as 0 (below 128) or 1; mini_read_penstyle
+ *  reads it back as it stands. */
+QNUTIL_API int QNUTIL_CALL mini_write_penstyleEX(MiniHandle handle, const char* section,
+                                                 const char* key, const PenStyleRec* pen);
+QNUTIL_API int QNUTIL_CALL mini_read_texprops(MiniHandle handle, const char* section,
+                                              const char* key, TexPropsRec* props);
+QNUTIL_API int QNUTIL_CALL mini_write_texprops(MiniHandle handle, const char* section,
+                                               const char* key, const TexPropsRec* props);
 
 QNUTIL_EXTERN_C_END
 
