@@ -46,10 +46,14 @@ TEST_P(EnvScanner, ParsesExactlyOneNumber) {
   ASSERT_EQ(env_put(env, "S", "v", c.text), ENV_OK);
   long l = -99;
   EXPECT_EQ(env_get_long(env, "S", "v", 1, &l), c.long_result);
-  if (c.long_result == 1) EXPECT_EQ(l, c.long_value);
+  if (c.long_result == 1) {
+    EXPECT_EQ(l, c.long_value);
+  }
   double d = -99;
   EXPECT_EQ(env_get_double(env, "S", "v", 1, &d), c.double_result);
-  if (c.double_result == 1) EXPECT_EQ(d, c.double_value);
+  if (c.double_result == 1) {
+    EXPECT_EQ(d, c.double_value);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
