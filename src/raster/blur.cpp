@@ -2,13 +2,12 @@
 // with edge pixels repeated, read from the unmodified image; the fourth
 // byte becomes 0.
 //
-// The sum is built separably: per row, the three source rows are added
+// Neighbours are always read from the unmodified image. The sum is built separably: per row, the three source rows are added
 // channel by channel into 16-bit lanes (with the edge columns repeated at
 // both ends), then three neighbouring column sums are added. A sum is at
 // most 9 × 255 = 2295, and for such values ⌊s / 9⌋ == (s × 7282) >> 16.
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <vector>
 
 #include "raster/qn_bitmap.h"
@@ -76,16 +75,21 @@ void blur_row(const uint16_t* sums, uint32_t* out, int width) {
 
 void CQnBitmap::Blur() {
   if (!InWorkingFormat()) return;
+  // Rows are written back in place; the two source rows an output row
+  // still needs after its own is overwritten (the one above and itself)
+  // are kept as copies.
   const int width = Width(), height = Height();
-  auto* blurred = static_cast<uint8_t*>(std::malloc(buffer_size_));
-  if (!blurred) return;
+  std::vector<uint32_t> above(width), current(width);
   std::vector<uint16_t> sums(4 * (static_cast<size_t>(width) + 2) + 8);
-  auto row = [&](const uint8_t* base, int y) { return reinterpret_cast<const uint32_t*>(base + size_t(y) * stride_); };
+  auto row = [&](int y) { return reinterpret_cast<uint32_t*>(pixels_ + size_t(y) * stride_); };
+  std::copy(row(0), row(0) + width, current.begin());
   for (int y = 0; y < height; ++y) {
-    sum_columns(row(pixels_, std::max(y - 1, 0)), row(pixels_, y), row(pixels_, std::min(y + 1, height - 1)), width,
-                sums.data());
-    blur_row(sums.data(), reinterpret_cast<uint32_t*>(blurred + size_t(y) * stride_), width);
+    const uint32_t* below = y + 1 < height ? row(y + 1) : current.data();
+    sum_columns(y > 0 ? above.data() : current.data(), current.data(), below, width, sums.data());
+    blur_row(sums.data(), row(y), width);
+    if (y + 1 < height) {
+      above.swap(current);
+      std::copy(row(y + 1), row(y + 1) + width, current.begin());
+    }
   }
-  std::free(pixels_);
-  pixels_ = blurred;
 }

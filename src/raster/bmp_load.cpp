@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "raster/pixel_layout.h"
@@ -110,7 +112,11 @@ Header header_at(const uint8_t* bytes, size_t length, size_t offset) {
 }  // namespace
 
 void CQnBitmap::LoadDescribed(PixelSource& source) {
-  ReleasePixels();
+  // The old pixels go; their allocation is kept for the new ones when it
+  // is large enough.
+  uint32_t capacity = capacity_;
+  std::unique_ptr<uint8_t, decltype(&std::free)> buffer(std::exchange(pixels_, nullptr), &std::free);
+  SetPixels(nullptr, 0);
   headers_.info = source.info;
   const QnBmpInfoHeader& info = headers_.info;
   bytes_per_pixel_ = info.biBitCount / 8u;
@@ -127,8 +133,12 @@ void CQnBitmap::LoadDescribed(PixelSource& source) {
   }
   const auto layout = qnutil::raster::describe_pixels(info);
   if (!layout) return;
-  auto* converted = static_cast<uint8_t*>(std::malloc(layout->working_bytes));
-  if (!converted) return;
+  if (!buffer || capacity < layout->working_bytes) {
+    buffer.reset(static_cast<uint8_t*>(std::malloc(layout->working_bytes)));
+    capacity = layout->working_bytes;
+    if (!buffer) return;
+  }
+  auto* converted = reinterpret_cast<uint32_t*>(buffer.get());
 
   uint32_t palette[256];
   qnutil::raster::palette_words(palette_, palette);
@@ -141,11 +151,12 @@ void CQnBitmap::LoadDescribed(PixelSource& source) {
     const uint8_t* slice = source.NextPixels(size_t{layout->stride} * rows, scratch.data());
     for (int r = 0; r < rows; ++r)
       qnutil::raster::row_to_working(slice + size_t{layout->stride} * r,
-                                     reinterpret_cast<uint32_t*>(converted) + size_t(first + r) * width, width,
+                                     converted + size_t(first + r) * width, width,
                                      info.biBitCount, palette);
     first += rows;
   }
-  AdoptWorkingBuffer(converted);
+  SetPixels(buffer.release(), capacity);
+  SetWorkingLayout();
 }
 
 void CQnBitmap::Load(const char* path) {

@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <utility>
 #include <vector>
 
 #include "raster/pixel_layout.h"
@@ -53,7 +52,7 @@ void CQnBitmap::WriteSavedHeaders(uint8_t* destination) const {
 void CQnBitmap::ClearFourthBytes() {
   auto* words = reinterpret_cast<uint32_t*>(pixels_);
   for (uint32_t i = 0, n = buffer_size_ / 4; i < n; ++i) words[i] &= 0x00FFFFFFu;
-  AdoptWorkingBuffer(std::exchange(pixels_, nullptr));
+  SetWorkingLayout();
 }
 
 void CQnBitmap::SaveToFile(const char* path) {

@@ -2,7 +2,6 @@
 // buffer rows run bottom-up.
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 
 #include "raster/pixel_layout.h"
@@ -67,17 +66,15 @@ void CQnBitmap::Crop(int x, int y, int width, int height) {
   const int64_t new_width = clamp64(x0 + width, 0, W) - x0;
   const int64_t new_height = y1 - y0;
   if (new_width <= 0 || new_height <= 0) return;
+  // Rows move in place toward the start of the buffer: each lands at or
+  // before where it was read.
   const uint32_t new_stride = *qnutil::raster::stride_for(static_cast<int32_t>(new_width), bytes_per_pixel_);
-  auto* cropped = static_cast<uint8_t*>(std::malloc(static_cast<size_t>(new_stride) * new_height));
-  if (!cropped) return;
   const size_t row_bytes = static_cast<size_t>(new_width) * bytes_per_pixel_;
   for (int64_t k = 0; k < new_height; ++k) {
-    uint8_t* out = cropped + k * new_stride;
-    std::memcpy(out, pixels_ + (H - y1 + k) * stride_ + x0 * bytes_per_pixel_, row_bytes);
+    uint8_t* out = pixels_ + k * new_stride;
+    std::memmove(out, pixels_ + (H - y1 + k) * stride_ + x0 * bytes_per_pixel_, row_bytes);
     std::memset(out + row_bytes, 0, new_stride - row_bytes);
   }
-  std::free(pixels_);
-  pixels_ = cropped;
   headers_.info.biWidth = static_cast<int32_t>(new_width);
   headers_.info.biHeight = static_cast<int32_t>(new_height);
   stride_ = new_stride;

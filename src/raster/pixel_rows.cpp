@@ -61,6 +61,29 @@ void row_to_working(const uint8_t* source, uint32_t* destination, int width, uns
   }
 }
 
+void expand_24bit_in_place(uint8_t* buffer, int width, int height, uint32_t stride24) {
+  // Every pixel's word lies at or after its three bytes and after those of
+  // all pixels before it, so going backwards never overwrites unread bytes.
+  for (int y = height - 1; y >= 0; --y) {
+    const uint8_t* row = buffer + static_cast<size_t>(y) * stride24;
+    uint8_t* words = buffer + static_cast<size_t>(y) * width * 4;
+    int x = width;
+    for (; x % 4; --x) {
+      const uint8_t* p = row + 3 * (x - 1);
+      store_le32(words + 4 * (x - 1), p[0] | uint32_t{p[1]} << 8 | uint32_t{p[2]} << 16);
+    }
+    for (; x > 0; x -= 4) {
+      const uint8_t* p = row + 3 * (x - 4);
+      const uint32_t w0 = load_le32(p), w1 = load_le32(p + 4), w2 = load_le32(p + 8);
+      uint8_t* out = words + 4 * (x - 4);
+      store_le32(out + 12, w2 >> 8);
+      store_le32(out + 8, ((w1 >> 16) | (w2 << 16)) & 0xFFFFFFu);
+      store_le32(out + 4, ((w0 >> 24) | (w1 << 8)) & 0xFFFFFFu);
+      store_le32(out, w0 & 0xFFFFFFu);
+    }
+  }
+}
+
 void row_to_24bit(const uint32_t* source, uint8_t* destination, int width, uint32_t stride) {
   uint8_t* out = destination;
   int x = 0;

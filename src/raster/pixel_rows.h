@@ -17,8 +17,14 @@ void palette_words(const uint8_t* palette, uint32_t words[256]);
 void row_to_working(const uint8_t* source, uint32_t* destination, int width, unsigned bit_count,
                     const uint32_t* palette_words);
 
+// Widens a buffer of 24-bit rows (stride24 bytes each) to working-format
+// words in place, last row and last pixel first; the buffer must hold
+// width × 4 × height bytes.
+void expand_24bit_in_place(uint8_t* buffer, int width, int height, uint32_t stride24);
+
 // Converts one row of working-format words to 24-bit blue, green, red
-// triples and zeroes the padding up to `stride` bytes.
+// triples and zeroes the padding up to `stride` bytes. The destination may
+// be the source row itself or lie before it in the same buffer.
 void row_to_24bit(const uint32_t* source, uint8_t* destination, int width, uint32_t stride);
 
 }  // namespace qnutil::raster

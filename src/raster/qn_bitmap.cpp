@@ -3,7 +3,6 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <utility>
 
 #include "raster/pixel_layout.h"
 #include "raster/pixel_rows.h"
@@ -28,15 +27,28 @@ CQnBitmap::~CQnBitmap() {
   ReleaseEffectState();
 }
 
-void CQnBitmap::ReleasePixels() {
-  std::free(pixels_);
-  pixels_ = nullptr;
-  buffer_size_ = 0;
+void CQnBitmap::ReleasePixels() { SetPixels(nullptr, 0); }
+
+void CQnBitmap::SetPixels(uint8_t* pixels, uint32_t capacity) {
+  if (pixels != pixels_) std::free(pixels_);
+  pixels_ = pixels;
+  capacity_ = pixels ? capacity : 0;
+  if (!pixels) buffer_size_ = 0;
 }
 
-void CQnBitmap::AdoptWorkingBuffer(uint8_t* pixels) {
-  std::free(pixels_);
-  pixels_ = pixels;
+uint8_t* CQnBitmap::RecycleBuffer(uint32_t bytes, uint32_t* capacity) {
+  uint8_t* buffer = pixels_;
+  *capacity = capacity_;
+  pixels_ = nullptr;
+  capacity_ = buffer_size_ = 0;
+  if (buffer && *capacity >= bytes) return buffer;
+  std::free(buffer);
+  buffer = static_cast<uint8_t*>(std::malloc(bytes ? bytes : 1));
+  *capacity = buffer ? bytes : 0;
+  return buffer;
+}
+
+void CQnBitmap::SetWorkingLayout() {
   bytes_per_pixel_ = 4;
   stride_ = static_cast<uint32_t>(headers_.info.biWidth) * 4u;
   buffer_size_ = stride_ * static_cast<uint32_t>(headers_.info.biHeight);
@@ -60,8 +72,6 @@ const CQnBitmap* CQnBitmap::WorkingCopy(int index) const {
 }
 
 int CQnBitmap::Create(int width, int height) {
-  ReleasePixels();
-  bytes_per_pixel_ = 4;
   QnBmpInfoHeader& info = headers_.info;
   info.biCompression = info.biSizeImage = 0;
   info.biXPelsPerMeter = info.biYPelsPerMeter = 0;
@@ -72,28 +82,28 @@ int CQnBitmap::Create(int width, int height) {
   info.biSize = 40;
   info.biWidth = width < 0 ? 0 : width;
   info.biHeight = height < 0 ? 0 : height;
-  stride_ = 0;
-  if (const auto layout = qnutil::raster::describe_pixels(info)) {
-    stride_ = layout->stride;
-    pixels_ = static_cast<uint8_t*>(std::malloc(layout->working_bytes));
-    if (pixels_) buffer_size_ = layout->working_bytes;
-  }
   // A zero-area or impossibly large image stays empty with the size it was
   // asked for, so that its header still tells what the caller wanted.
+  const auto layout = qnutil::raster::describe_pixels(info);
+  uint32_t capacity = 0;
+  uint8_t* pixels = layout ? RecycleBuffer(layout->working_bytes, &capacity) : nullptr;
+  if (!pixels) ReleasePixels();
+  SetPixels(pixels, capacity);
+  SetWorkingLayout();
+  if (!pixels) buffer_size_ = 0;
   headers_.file.bfReserved1 = headers_.file.bfReserved2 = 0;
   headers_.file.bfType = kBmpSignature;
-  headers_.file.bfOffBits = kHeaderBytes;
   headers_.file.bfSize = buffer_size_ + kHeaderBytes;
   return static_cast<int>(headers_.file.bfSize);
 }
 
 void CQnBitmap::Copy(const CQnBitmap* source) {
   if (!source || source == this || source->IsEmpty()) return;
-  auto* pixels = static_cast<uint8_t*>(std::malloc(source->buffer_size_));
+  uint32_t capacity = 0;
+  uint8_t* pixels = RecycleBuffer(source->buffer_size_, &capacity);
   if (!pixels) return;
   std::memcpy(pixels, source->pixels_, source->buffer_size_);
-  std::free(pixels_);
-  pixels_ = pixels;
+  SetPixels(pixels, capacity);
   bytes_per_pixel_ = source->bytes_per_pixel_;
   stride_ = source->stride_;
   headers_.file = source->headers_.file;
@@ -113,34 +123,35 @@ void CQnBitmap::Fill(uint32_t colour) {
 void CQnBitmap::ConvertTo32Bit() {
   if (!pixels_) return;
   const int width = Width(), height = Height();
-  if (headers_.info.biBitCount != 32 || bytes_per_pixel_ != 4) {
-    auto* converted = static_cast<uint8_t*>(std::malloc(static_cast<size_t>(width) * 4 * height));
+  const unsigned depth = headers_.info.biBitCount;
+  const size_t working_bytes = static_cast<size_t>(width) * 4 * height;
+  if (depth == 32 && bytes_per_pixel_ == 4) {
+    // Already words: only the header fields.
+  } else if (depth == 24 && bytes_per_pixel_ == 3 && capacity_ >= working_bytes) {
+    qnutil::raster::expand_24bit_in_place(pixels_, width, height, stride_);
+  } else {
+    auto* converted = static_cast<uint8_t*>(std::malloc(working_bytes ? working_bytes : 1));
     if (!converted) return;
     uint32_t palette[256];
     qnutil::raster::palette_words(palette_, palette);
     for (int y = 0; y < height; ++y)
       qnutil::raster::row_to_working(pixels_ + static_cast<size_t>(y) * stride_,
-                                     reinterpret_cast<uint32_t*>(converted) + static_cast<size_t>(y) * width,
-                                     width, headers_.info.biBitCount, palette);
-    AdoptWorkingBuffer(converted);
-  } else {
-    AdoptWorkingBuffer(std::exchange(pixels_, nullptr));  // already words: headers only
+                                     reinterpret_cast<uint32_t*>(converted) + static_cast<size_t>(y) * width, width,
+                                     depth, palette);
+    SetPixels(converted, static_cast<uint32_t>(working_bytes));
   }
+  SetWorkingLayout();
 }
 
 void CQnBitmap::ConvertTo24Bit() {
   // Only the working format has a 24-bit form; converting twice would read
-  // 24-bit rows as words.
+  // 24-bit rows as words. The rows shrink in place, front to back.
   if (!InWorkingFormat() || headers_.info.biBitCount != 32) return;
   const int width = Width(), height = Height();
   const uint32_t stride = *qnutil::raster::stride_for(width, 3);
-  auto* converted = static_cast<uint8_t*>(std::malloc(static_cast<size_t>(stride) * height));
-  if (!converted) return;
   for (int y = 0; y < height; ++y)
     qnutil::raster::row_to_24bit(reinterpret_cast<const uint32_t*>(pixels_ + static_cast<size_t>(y) * stride_),
-                                 converted + static_cast<size_t>(y) * stride, width, stride);
-  std::free(pixels_);
-  pixels_ = converted;
+                                 pixels_ + static_cast<size_t>(y) * stride, width, stride);
   stride_ = stride;
   bytes_per_pixel_ = 3;
   buffer_size_ = stride * static_cast<uint32_t>(height);

@@ -154,8 +154,17 @@ class CQnBitmap {
   };
 
   void LoadDescribed(PixelSource& source);
+  // The pixel buffer is always set through these, so that its capacity is
+  // known: conversions, crop and blur then work in place, and repeated
+  // loads reuse the allocation.
   void ReleasePixels();
-  void AdoptWorkingBuffer(uint8_t* pixels);
+  void SetPixels(uint8_t* pixels, uint32_t capacity);
+  // Empties the object and returns a buffer of at least `bytes`: the old
+  // one when it is large enough, else a new one (null when none could be
+  // had); `capacity` receives its size.
+  uint8_t* RecycleBuffer(uint32_t bytes, uint32_t* capacity);
+  // Stride, sizes and header fields of a working-format buffer.
+  void SetWorkingLayout();
   bool InWorkingFormat() const { return pixels_ && bytes_per_pixel_ == 4; }
   void WriteSavedHeaders(uint8_t* destination) const;
   void ClearFourthBytes();
@@ -168,6 +177,7 @@ class CQnBitmap {
   uint32_t bytes_per_pixel_ = 0;
   uint32_t buffer_size_ = 0;
   uint8_t* pixels_ = nullptr;  // malloc / free
+  uint32_t capacity_ = 0;      // bytes allocated at pixels_ (>= buffer_size_)
   int interpolation_mode_ = 0;
   int colour_space_ = 0;
   uint8_t colour_ramp_[kColourRampEntries * 4] = {};

@@ -78,6 +78,27 @@ TEST(Convert, To24BitAndBackDropsTheFourthByte) {
   EXPECT_EQ(image.FileHeader().bfSize, 24u + 54);
 }
 
+TEST(Convert, RoundTripOfEveryRowLengthKeepsTheColours) {
+  uint32_t seed = 1;
+  for (int width = 1; width <= 9; ++width)
+    for (int height = 1; height <= 3; ++height) {
+      const auto words = pattern_words(size_t(width) * height, seed++);
+      CQnBitmap image;
+      set_words(image, width, height, words);
+      image.ConvertTo24Bit();
+      ASSERT_EQ(image.Stride(), stride_of(width, 24));
+      for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) {
+          const uint8_t* p = image.Pixels() + y * image.Stride() + x * 3;
+          ASSERT_EQ(uint32_t(p[0] | p[1] << 8 | p[2] << 16), words[size_t(y) * width + x] & 0xFFFFFF);
+        }
+      image.ConvertTo32Bit();
+      std::vector<uint32_t> colours;
+      for (uint32_t w : words) colours.push_back(w & 0xFFFFFF);
+      ASSERT_EQ(words_of(image), colours) << width << "x" << height;
+    }
+}
+
 struct CropCase {
   int width, height, x, y, w, h;
   int expect_x, expect_y, expect_w, expect_h;  // kept rectangle in picture coordinates
