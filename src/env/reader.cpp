@@ -42,7 +42,7 @@ class FileSource {
  public:
   FileSource(std::FILE* file, FileBuffer& buffer) : file_(file), buffer_(buffer) {}
   int next() {
-    if (pos_ == held_ && !refill()) return kEndOfInput;
+    if (ended_ || (pos_ == held_ && !refill())) return kEndOfInput;
     const unsigned char b = static_cast<unsigned char>(buffer_.bytes[pos_++]);
     if (b == kTextEnd || b == kSignedEndByte) {
       ended_ = true;

@@ -1,0 +1,217 @@
+// Iteration, callback walks, name listings, sink and block copies.
+#include <filesystem>
+
+#include "env_fixture.h"
+
+using env_test::Env;
+using env_test::get_text;
+using env_test::read_text;
+using env_test::write_text;
+using qnutil_test::MessageCapture;
+
+namespace {
+
+struct Visit {
+  std::string section, path, text;
+};
+
+void QNUTIL_CALL record(EnvHandle* sub, const char* section, const char* path, void* user) {
+  char text[64] = "";
+  env_get(sub, nullptr, nullptr, 1, sizeof text, text);
+  static_cast<std::vector<Visit>*>(user)->push_back(
+      {section ? section : "<null>", path ? path : "<null>", text});
+}
+
+int QNUTIL_CALL record_leaf(EnvHandle* sub, const char* section, const char* path, void* user) {
+  record(sub, section, path, user);
+  return 0;
+}
+
+std::vector<std::string> paths(const std::vector<Visit>& visits) {
+  std::vector<std::string> all;
+  for (const auto& v : visits) all.push_back(v.section + "|" + v.path + "|" + v.text);
+  return all;
+}
+
+TEST(EnvIterate, GetFirstAndNext) {
+  Env env(5);
+  ASSERT_EQ(read_text(env, "[S]\na =1\nb ={\nx =2\n}\na =3\n[E]\n"), ENV_OK);
+  long id = 0;
+  char name[8], value[8];
+  EXPECT_EQ(env_get_first(env, "S", nullptr, 1, &id, sizeof name, name, sizeof value, value, nullptr),
+            ENV_DATA);
+  EXPECT_EQ(id, 5);
+  EXPECT_STREQ(value, "1");
+  EXPECT_EQ(env_get_next(sizeof name, name, sizeof value, value, nullptr), ENV_BLOCK);
+  EXPECT_STREQ(name, "b");
+  EXPECT_EQ(env_get_next(sizeof name, name, sizeof value, value, nullptr), ENV_DATA);
+  EXPECT_STREQ(value, "3");
+  EXPECT_EQ(env_get_next(sizeof name, name, sizeof value, value, nullptr), ENV_NOT_FOUND);
+  EXPECT_EQ(env_get_next(sizeof name, name, sizeof value, value, nullptr), ENV_NOT_FOUND);
+
+  EXPECT_EQ(env_get_first(env, "E", nullptr, 1, &id, sizeof name, name, 0, nullptr, nullptr),
+            ENV_NOT_FOUND);
+  EXPECT_EQ(env_get_next(sizeof name, name, 0, nullptr, nullptr), ENV_NOT_FOUND);
+
+  EXPECT_EQ(env_get_first(env, nullptr, nullptr, 1, &id, sizeof name, name, 0, nullptr, nullptr),
+            ENV_BLOCK);
+  EXPECT_STREQ(name, "S");
+  EXPECT_EQ(env_get_next(sizeof name, name, 0, nullptr, nullptr), ENV_BLOCK);
+  EXPECT_STREQ(name, "E");
+  EXPECT_EQ(env_get_next(sizeof name, name, 0, nullptr, nullptr), ENV_NOT_FOUND);
+}
+
+TEST(EnvIterate, TooSmallBufferEndsTheIteration) {
+  Env env;
+  ASSERT_EQ(read_text(env, "[S]\na =1\nlongname =2\nc =3\n"), ENV_OK);
+  char name[4];
+  long id;
+  EXPECT_EQ(env_get_first(env, "S", nullptr, 1, &id, sizeof name, name, 0, nullptr, nullptr), ENV_DATA);
+  EXPECT_EQ(env_get_next(sizeof name, name, 0, nullptr, nullptr), ENV_TOO_SMALL);
+  EXPECT_EQ(env_get_next(sizeof name, name, 0, nullptr, nullptr), ENV_NOT_FOUND);
+}
+
+TEST(EnvTraverse, WalkPathsCarryOccurrenceNumbers) {
+  Env env;
+  ASSERT_EQ(read_text(env, "[S]\nx =1\ny =2\nx =3\n[T]\nb ={\nc =4\n}\n"), ENV_OK);
+  std::vector<Visit> visits;
+  EXPECT_EQ(env_traverse(env, "S", nullptr, 1, record, &visits), ENV_OK);
+  EXPECT_EQ(paths(visits), (std::vector<std::string>{"S|x@1|1", "S|y@1|2", "S|x@2|3"}));
+  visits.clear();
+  EXPECT_EQ(env_traverse(env, "T", "b", 1, record, &visits), ENV_OK);
+  EXPECT_EQ(paths(visits), (std::vector<std::string>{"T|b@c@1|4"}));
+  visits.clear();
+  EXPECT_EQ(env_traverse(env, nullptr, nullptr, 1, record, &visits), ENV_OK);
+  EXPECT_EQ(paths(visits), (std::vector<std::string>{"S|<null>|", "T|<null>|"}));
+}
+
+TEST(EnvTraverse, MissingOrEmptyBlocksGiveTheBlockCode) {
+  Env env;
+  ASSERT_EQ(read_text(env, "[S]\nd =1\ne ={\n}\n"), ENV_OK);
+  std::vector<Visit> visits;
+  EXPECT_EQ(env_traverse(env, "S", "e", 1, record, &visits), ENV_BLOCK);
+  EXPECT_EQ(env_traverse(env, "S", "none", 1, record, &visits), ENV_BLOCK);
+  EXPECT_EQ(env_traverse(env, "S", "d", 1, record, &visits), ENV_BLOCK);
+  EXPECT_EQ(env_traverse(nullptr, "S", nullptr, 1, record, &visits), ENV_ERROR);
+  MessageCapture quiet;
+  EXPECT_EQ(env_traverse(env, "S", "@", 1, record, &visits), ENV_BAD_PATH);
+  EXPECT_TRUE(visits.empty());
+}
+
+TEST(EnvTraverse, LeavesDepthFirstWithFullPaths) {
+  Env env;
+  ASSERT_EQ(read_text(env, "[S]\na =1\nb ={\nc =2\nempty ={\n}\nc =3\n}\n[T]\nz =4\n"), ENV_OK);
+  ASSERT_EQ(env_put_external(env, "T", "ext", 1), ENV_OK);
+  std::vector<Visit> visits;
+  EXPECT_EQ(env_traverse_leafs(env, record_leaf, &visits), ENV_OK);
+  EXPECT_EQ(paths(visits), (std::vector<std::string>{"S|a@1|1", "S|b@1@c@1|2", "S|b@1@c@2|3",
+                                                     "T|z@1|4", "T|ext@1|"}));
+}
+
+TEST(EnvTraverse, WalkPathsUseTheWholeDelimiter) {
+  Env env;
+  ASSERT_EQ(read_text(env, "[S]\nb ={\nc =2\n}\n"), ENV_OK);
+  env_set_delimiter("::");
+  std::vector<Visit> visits;
+  EXPECT_EQ(env_traverse_leafs(env, record_leaf, &visits), ENV_OK);
+  env_set_delimiter("@");
+  EXPECT_EQ(paths(visits), (std::vector<std::string>{"S|b::1::c::1|2"}));
+}
+
+TEST(EnvListNames, ListsWithSeparators) {
+  Env env;
+  ASSERT_EQ(read_text(env, "[S]\na =1\nb =2\na =3\ne ={\n}\n"), ENV_OK);
+  char buf[16];
+  EXPECT_EQ(env_list_elem_names(env, "S", nullptr, 1, ',', sizeof buf, buf), ENV_OK);
+  EXPECT_STREQ(buf, ",a,b,a,e,");
+  EXPECT_EQ(env_list_elem_names(env, "S", "e", 1, ',', sizeof buf, buf), ENV_OK);
+  EXPECT_STREQ(buf, ",");
+  EXPECT_EQ(env_list_elem_names(env, "S", "a", 1, ',', sizeof buf, buf), ENV_BLOCK);
+  EXPECT_STREQ(buf, "");
+  EXPECT_EQ(env_list_elem_names(env, "S", nullptr, 1, ',', 1, buf), ENV_TOO_SMALL);
+  // ",a,b,a," needs 8 bytes; the rule keeps two bytes spare.
+  EXPECT_EQ(env_list_elem_names(env, "S", nullptr, 1, ',', 9, buf), ENV_TOO_SMALL);
+  EXPECT_STREQ(buf, "");
+  EXPECT_EQ(env_list_elem_names(env, "S", nullptr, 1, ',', 11, buf), ENV_OK);
+}
+
+class EnvSink : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_EQ(read_text(src_, "[S]\na =new\nb ={\nc =new c\n}\nonly =src\n"), ENV_OK);
+    ASSERT_EQ(env_put_external(src_, "S", "ext", 3), ENV_OK);
+    ASSERT_EQ(read_text(dst_, "[S]\na =old\nb ={\nc =old c\n}\n"), ENV_OK);
+  }
+  Env src_, dst_;
+};
+
+TEST_F(EnvSink, Mode0KeepsExisting) {
+  EXPECT_EQ(env_sink(dst_, src_, 0), ENV_OK);
+  EXPECT_EQ(write_text(dst_), "[S]\n  a =old\n  b ={\n    c =old c\n  }\n  only =src\n");
+}
+
+TEST_F(EnvSink, Mode1Appends) {
+  EXPECT_EQ(env_sink(dst_, src_, 1), ENV_OK);
+  EXPECT_EQ(write_text(dst_),
+            "[S]\n  a =old\n  b ={\n    c =old c\n    c =new c\n  }\n  a =new\n  only =src\n");
+}
+
+TEST_F(EnvSink, Mode2Overwrites) {
+  EXPECT_EQ(env_sink(dst_, src_, 2), ENV_OK);
+  EXPECT_EQ(write_text(dst_), "[S]\n  a =new\n  b ={\n    c =new c\n  }\n  only =src\n");
+  EXPECT_EQ(env_check(dst_, "S", "ext", 1), ENV_NOT_FOUND);  // externals are not copied
+}
+
+TEST_F(EnvSink, Mode3OnlyWhereExisting) {
+  EXPECT_EQ(env_sink(dst_, src_, 3), ENV_OK);
+  EXPECT_EQ(write_text(dst_), "[S]\n  a =new\n  b ={\n    c =new c\n  }\n");
+}
+
+TEST_F(EnvSink, BadModeAndLongTexts) {
+  MessageCapture capture;
+  EXPECT_EQ(env_sink(dst_, src_, 4), ENV_ERROR);
+  EXPECT_EQ(env_test::texts(capture), std::vector<std::string>{"switch error!"});
+  ASSERT_EQ(env_put(src_, "S", "a", std::string(255, 'x').c_str()), ENV_OK);
+  EXPECT_EQ(env_sink(dst_, src_, 2), ENV_ERROR);  // the copy stops at the long text
+  EXPECT_EQ(get_text(dst_, "S", "b@c"), "old c");
+}
+
+TEST_F(EnvSink, CopyBlock) {
+  ASSERT_EQ(read_text(src_, "[S]\nb ={\nc =1\nd ={\ne =2\n}\n}\n"), ENV_OK);
+  Env target;
+  EXPECT_EQ(env_copy_block(target, src_, "S", "b", 2), ENV_OK);
+  EXPECT_EQ(write_text(target), "[S]\n  b ={\n    c =1\n    d ={\n      e =2\n    }\n  }\n");
+  EXPECT_EQ(env_copy_block(target, src_, "S", "missing", 2), ENV_ERROR);
+  EXPECT_EQ(env_close(src_.release(), 0), ENV_OK);  // no sub-environment left open
+  EXPECT_EQ(env_close(target.release(), 0), ENV_OK);
+}
+
+// The file reader's buffered path gives the same trees as the character
+// callback over the same bytes as text mode delivers them.
+#ifdef QNUTIL_ENV_CORPUS_DIR
+TEST(EnvReadPaths, FileAndCallbackAgreeOnTheFuzzCorpus) {
+  const std::filesystem::path corpus = QNUTIL_ENV_CORPUS_DIR;
+  if (!std::filesystem::is_directory(corpus)) GTEST_SKIP() << "no corpus at " << corpus;
+  MessageCapture quiet;
+  int files = 0;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(corpus)) {
+    if (!entry.is_regular_file()) continue;
+    const std::string bytes = qnutil_test::read_file(entry.path());
+    std::string text_mode;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+      const unsigned char b = static_cast<unsigned char>(bytes[i]);
+      if (b == 0x1A || b == 0xFF) break;
+      if (b == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') continue;
+      text_mode += static_cast<char>(b);
+    }
+    Env from_file, from_callback;
+    const int file_status = env_read_file(entry.path().string().c_str(), from_file);
+    EXPECT_EQ(read_text(from_callback, text_mode), file_status) << entry.path();
+    EXPECT_EQ(write_text(from_file), write_text(from_callback)) << entry.path();
+    ++files;
+  }
+  EXPECT_GT(files, 0);
+}
+#endif
+
+}  // namespace
