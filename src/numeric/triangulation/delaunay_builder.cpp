@@ -22,10 +22,10 @@ DelaunayBuilder::DelaunayBuilder(const std::vector<Point>& vertices, VertexId a,
   // A triangulation of k points has at most 3k - 6 edges; each point that
   // falls on an edge leaves one dead record behind.
   mesh_.reserve(3 * (expected_points + 3) + expected_points / 8 + 8);
-  const EdgeRef ab = mesh_.make_edge(a, b);
-  const EdgeRef bc = mesh_.make_edge(b, c);
+  const EdgeRef ab = mesh_.make_edge(a, vertices[a], b, vertices[b]);
+  const EdgeRef bc = mesh_.make_edge(b, vertices[b], c, vertices[c]);
   mesh_.splice(QuadEdgeMesh::sym(ab), bc);
-  const EdgeRef ca = mesh_.make_edge(c, a);
+  const EdgeRef ca = mesh_.make_edge(c, vertices[c], a, vertices[a]);
   mesh_.splice(QuadEdgeMesh::sym(bc), ca);
   mesh_.splice(QuadEdgeMesh::sym(ca), ab);
   edge_from_[a] = ab;
@@ -47,7 +47,7 @@ EdgeRef DelaunayBuilder::walk_start(const Point& p) const {
   const EdgeRef last = QuadEdgeMesh::sym(starting_edge_);
   const VertexId indexed = index_.near(p);
   if (indexed == VertexIndex::kNone) return last;
-  const double last_distance = squared_distance(vertices_[mesh_.origin(last)], p);
+  const double last_distance = squared_distance(mesh_.origin_point(last), p);
   return squared_distance(vertices_[indexed], p) < last_distance ? edge_from_[indexed] : last;
 }
 
@@ -77,9 +77,9 @@ bool DelaunayBuilder::left_face_contains(EdgeRef e, const Point& p) const {
   const EdgeRef e1 = mesh_.lnext(e);
   const EdgeRef e2 = mesh_.lnext(e1);
   if (mesh_.lnext(e2) != e) return false;
-  const Point& o = vertices_[mesh_.origin(e)];
-  const Point& d = vertices_[mesh_.destination(e)];
-  const Point& w = vertices_[mesh_.destination(e1)];
+  const Point& o = mesh_.origin_point(e);
+  const Point& d = mesh_.destination_point(e);
+  const Point& w = mesh_.destination_point(e1);
   return orientation(o, d, w) > 0 && orientation(o, d, p) >= 0 && orientation(d, w, p) >= 0 &&
          orientation(w, o, p) >= 0;
 }
@@ -101,7 +101,7 @@ EdgeRef DelaunayBuilder::locate_by_scan(const Point& p) const {
 bool DelaunayBuilder::is_near_duplicate(const Point& p, EdgeRef face) const {
   EdgeRef e = face;
   do {
-    const Point& q = vertices_[mesh_.origin(e)];
+    const Point& q = mesh_.origin_point(e);
     if (std::fabs(p.x - q.x) <= kDuplicateTolerance && std::fabs(p.y - q.y) <= kDuplicateTolerance) return true;
     e = mesh_.lnext(e);
   } while (e != face);
@@ -125,7 +125,7 @@ bool DelaunayBuilder::insert(VertexId v) {
     e = mesh_.oprev(e);
     delete_edge(on);
   }
-  EdgeRef base = mesh_.make_edge(mesh_.origin(e), v);
+  EdgeRef base = mesh_.make_edge(mesh_.origin(e), mesh_.origin_point(e), v, p);
   mesh_.splice(base, e);
   starting_edge_ = base;
   edge_from_[v] = QuadEdgeMesh::sym(base);
@@ -146,9 +146,8 @@ void DelaunayBuilder::restore_delaunay(VertexId v, EdgeRef e) {
   const Point& p = vertices_[v];
   for (;;) {
     const EdgeRef t = mesh_.oprev(e);
-    const Point& far = vertices_[mesh_.destination(t)];
-    if (orientation_of(e, far) < 0 &&
-        in_circle(vertices_[mesh_.origin(e)], far, vertices_[mesh_.destination(e)], p) > 0) {
+    const Point& far = mesh_.destination_point(t);
+    if (orientation_of(e, far) < 0 && in_circle(mesh_.origin_point(e), far, mesh_.destination_point(e), p) > 0) {
       swap(e);
       e = mesh_.oprev(e);
     } else if (mesh_.onext(e) == starting_edge_) {

@@ -28,7 +28,7 @@ class DelaunayBuilder {
   // coordinates within 1e-5 of a corner of the face that holds it).
   bool insert(VertexId v);
 
-  const QuadEdgeMesh& mesh() const { return mesh_; }
+  QuadEdgeMesh& mesh() { return mesh_; }
 
  private:
   EdgeRef walk_start(const Point& p) const;
@@ -43,7 +43,7 @@ class DelaunayBuilder {
   void swap(EdgeRef e);
   void keep_end_points_reachable(EdgeRef e);
   int orientation_of(EdgeRef e, const Point& p) const {
-    return orientation(vertices_[mesh_.origin(e)], vertices_[mesh_.destination(e)], p);
+    return orientation(mesh_.origin_point(e), mesh_.destination_point(e), p);
   }
   bool random_bit();
 

@@ -13,7 +13,7 @@
 namespace qnutil::triangulation {
 
 // Vertices numbered `first_corner` and above are the enclosing triangle's.
-void emit_faces(const QuadEdgeMesh& mesh, const std::vector<Point>& vertices, VertexId first_corner,
-                const BoundaryClip& clip, std::vector<float>& out);
+// Marks every primal edge visited.
+void emit_faces(QuadEdgeMesh& mesh, VertexId first_corner, const BoundaryClip& clip, std::vector<float>& out);
 
 }  // namespace qnutil::triangulation

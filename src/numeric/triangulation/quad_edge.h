@@ -1,14 +1,18 @@
 // Quad-edge subdivision (Guibas and Stolfi) with index links: every
 // undirected edge is one record of four directed edges (the two primal
 // directions and the two dual ones), and a directed edge is named by
-// record * 4 + rotation. Records are kept in creation order; a deleted
-// record stays in place, marked dead, so that the order of the remaining
-// records is the order in which they were made.
+// record * 4 + rotation. Each record also carries the coordinates of its
+// two end points, so that geometric tests along a walk touch one cache line
+// per edge. Records are kept in creation order; a deleted record stays in
+// place, marked dead, so that the order of the remaining records is the
+// order in which they were made.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
+
+#include "numeric/triangulation/predicates.h"
 
 namespace qnutil::triangulation {
 
@@ -17,10 +21,10 @@ using VertexId = std::uint32_t;
 
 class QuadEdgeMesh {
  public:
-  void reserve(std::size_t records);
+  void reserve(std::size_t records) { records_.reserve(records); }
 
-  // A new isolated edge from `origin` to `destination`.
-  EdgeRef make_edge(VertexId origin, VertexId destination);
+  // A new isolated edge from vertex `from` at p to vertex `to` at q.
+  EdgeRef make_edge(VertexId from, const Point& p, VertexId to, const Point& q);
   // Joins or separates the origin rings of a and b (and their left faces).
   void splice(EdgeRef a, EdgeRef b);
   // A new edge from a's destination to b's origin, sharing a's left face.
@@ -33,29 +37,37 @@ class QuadEdgeMesh {
   static EdgeRef rot(EdgeRef e) { return (e & ~3u) | ((e + 1) & 3u); }
   static EdgeRef inv_rot(EdgeRef e) { return (e & ~3u) | ((e + 3) & 3u); }
   static EdgeRef sym(EdgeRef e) { return e ^ 2u; }
-  EdgeRef onext(EdgeRef e) const { return next_[e]; }
-  EdgeRef oprev(EdgeRef e) const { return rot(next_[rot(e)]); }
-  EdgeRef lnext(EdgeRef e) const { return rot(next_[inv_rot(e)]); }
-  EdgeRef lprev(EdgeRef e) const { return sym(next_[e]); }
-  EdgeRef dprev(EdgeRef e) const { return inv_rot(next_[inv_rot(e)]); }
-  VertexId origin(EdgeRef e) const { return origin_[e >> 1]; }
-  VertexId destination(EdgeRef e) const { return origin_[(e ^ 2u) >> 1]; }
+  EdgeRef onext(EdgeRef e) const { return records_[e >> 2].next[e & 3u]; }
+  EdgeRef oprev(EdgeRef e) const { return rot(onext(rot(e))); }
+  EdgeRef lnext(EdgeRef e) const { return rot(onext(inv_rot(e))); }
+  EdgeRef lprev(EdgeRef e) const { return sym(onext(e)); }
+  VertexId origin(EdgeRef e) const { return records_[e >> 2].origin[(e >> 1) & 1u]; }
+  VertexId destination(EdgeRef e) const { return origin(sym(e)); }
+  const Point& origin_point(EdgeRef e) const { return records_[e >> 2].point[(e >> 1) & 1u]; }
+  const Point& destination_point(EdgeRef e) const { return origin_point(sym(e)); }
 
-  std::size_t record_count() const { return alive_.size(); }
-  bool alive(std::size_t record) const { return alive_[record] != 0; }
+  std::size_t record_count() const { return records_.size(); }
+  bool alive(std::size_t record) const { return records_[record].alive != 0; }
   static EdgeRef primal(std::size_t record, int direction) {
     return static_cast<EdgeRef>(record * 4 + static_cast<std::size_t>(direction) * 2);
   }
+  // Marks of the face collection, one per primal direction.
+  bool visited(EdgeRef e) const { return (records_[e >> 2].visited >> ((e >> 1) & 1u)) & 1u; }
+  void mark_visited(EdgeRef e) { records_[e >> 2].visited |= static_cast<std::uint8_t>(1u << ((e >> 1) & 1u)); }
 
  private:
-  void set_end_points(EdgeRef e, VertexId origin, VertexId destination) {
-    origin_[e >> 1] = origin;
-    origin_[(e ^ 2u) >> 1] = destination;
-  }
+  struct alignas(64) Record {
+    EdgeRef next[4];
+    VertexId origin[2];  // of the primal directions 0 and 2
+    std::uint8_t alive;
+    std::uint8_t visited;
+    Point point[2];
+  };
 
-  std::vector<EdgeRef> next_;      // four per record
-  std::vector<VertexId> origin_;   // two per record, for the primal directions: index edge / 2
-  std::vector<std::uint8_t> alive_;
+  EdgeRef& next(EdgeRef e) { return records_[e >> 2].next[e & 3u]; }
+  void set_end_points(EdgeRef e, VertexId from, const Point& p, VertexId to, const Point& q);
+
+  std::vector<Record> records_;
 };
 
 }  // namespace qnutil::triangulation

@@ -78,7 +78,7 @@ std::vector<float> triangulate(int point_count, unsigned int boundary_count, con
 
   out.reserve(12 * insertable_count + 64);
   const BoundaryClip clip(box, vertices.data(), boundary_count);
-  emit_faces(builder.mesh(), vertices, a, clip, out);
+  emit_faces(builder.mesh(), a, clip, out);
   return out;
 }
 

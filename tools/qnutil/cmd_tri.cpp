@@ -1,0 +1,244 @@
+// qnutil tri: triangulate a point file and draw the result as SVG or BMP.
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "qnutil/qnutil.h"
+#include "registry.h"
+
+namespace qnutil_tool {
+namespace {
+
+int run_tri(int argc, char** argv);
+
+const Command kTri{"tri", "triangulate \"x y\" points (the first N the boundary) and draw the triangles",
+                   "tri POINTS [--boundary N] [--svg OUT.svg] [--bmp OUT.bmp]", run_tri};
+
+struct Vertex {
+  float x, y;
+};
+
+// Reads one "x y" pair per line; blank lines and lines starting with '#'
+// are skipped. Returns false (with a message) on anything else.
+bool read_points(const std::string& path, std::vector<Vertex>& points) {
+  std::ifstream in(path);
+  if (!in) {
+    std::fprintf(stderr, "qnutil tri: cannot open %s\n", path.c_str());
+    return false;
+  }
+  std::string line;
+  for (int number = 1; std::getline(in, line); ++number) {
+    const auto first = line.find_first_not_of(" \t\r");
+    if (first == std::string::npos || line[first] == '#') continue;
+    std::istringstream fields(line);
+    Vertex v{};
+    std::string rest;
+    if (!(fields >> v.x >> v.y) || (fields >> rest)) {
+      std::fprintf(stderr, "qnutil tri: %s:%d: expected \"x y\"\n", path.c_str(), number);
+      return false;
+    }
+    points.push_back(v);
+  }
+  return true;
+}
+
+struct Triangulation {
+  std::vector<Vertex> boundary;
+  std::vector<Vertex> corners;  // three per triangle
+};
+
+// Maps drawing coordinates onto a canvas of at most `size` pixels, y up.
+struct View {
+  double min_x = 0, min_y = 0, scale = 1;
+  int width = 1, height = 1;
+
+  View(const Triangulation& t, int size) {
+    double max_x = 0, max_y = 0;
+    bool first = true;
+    for (const auto* list : {&t.boundary, &t.corners})
+      for (const Vertex& v : *list) {
+        if (!std::isfinite(v.x) || !std::isfinite(v.y)) continue;
+        if (first) min_x = max_x = v.x, min_y = max_y = v.y, first = false;
+        min_x = std::min<double>(min_x, v.x), max_x = std::max<double>(max_x, v.x);
+        min_y = std::min<double>(min_y, v.y), max_y = std::max<double>(max_y, v.y);
+      }
+    const double extent = std::max({max_x - min_x, max_y - min_y, 1e-9});
+    scale = (size - 21) / extent;
+    width = static_cast<int>((max_x - min_x) * scale) + 21;
+    height = static_cast<int>((max_y - min_y) * scale) + 21;
+  }
+  double x(const Vertex& v) const { return 10 + (v.x - min_x) * scale; }
+  double y(const Vertex& v) const { return height - 11 - (v.y - min_y) * scale; }
+};
+
+bool write_svg(const std::string& path, const Triangulation& t) {
+  const View view(t, 800);
+  std::ofstream out(path);
+  out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << view.width << "\" height=\"" << view.height
+      << "\">\n<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
+      << "<g fill=\"#dfe8f5\" stroke=\"#3a5a8c\" stroke-width=\"0.5\" stroke-linejoin=\"round\">\n";
+  for (std::size_t i = 0; i + 2 < t.corners.size(); i += 3) {
+    out << "<polygon points=\"";
+    for (std::size_t k = i; k < i + 3; ++k) out << view.x(t.corners[k]) << ',' << view.y(t.corners[k]) << ' ';
+    out << "\"/>\n";
+  }
+  out << "</g>\n<polygon fill=\"none\" stroke=\"#c02020\" stroke-width=\"1.5\" points=\"";
+  for (const Vertex& v : t.boundary) out << view.x(v) << ',' << view.y(v) << ' ';
+  out << "\"/>\n</svg>\n";
+  return static_cast<bool>(out);
+}
+
+// A 24-bit bottom-up BMP with the triangle edges and the boundary drawn.
+class Canvas {
+ public:
+  Canvas(int width, int height) : width_(width), height_(height), pixels_(3u * width * height, 255) {}
+
+  void line(double x0, double y0, double x1, double y1, const std::uint8_t (&bgr)[3]) {
+    const int steps = static_cast<int>(std::min(4096.0, std::ceil(std::max(std::fabs(x1 - x0), std::fabs(y1 - y0))))) + 1;
+    for (int i = 0; i <= steps; ++i) {
+      const double t = static_cast<double>(i) / steps;
+      plot(x0 + t * (x1 - x0), y0 + t * (y1 - y0), bgr);
+    }
+  }
+
+  bool save(const std::string& path) const {
+    const std::uint32_t row = (3u * width_ + 3u) & ~3u;
+    const std::uint32_t image = row * height_;
+    std::uint8_t header[54] = {'B', 'M'};
+    auto put32 = [&header](int at, std::uint32_t value) {
+      for (int i = 0; i < 4; ++i) header[at + i] = static_cast<std::uint8_t>(value >> (8 * i));
+    };
+    put32(2, 54 + image);
+    put32(10, 54);
+    put32(14, 40);
+    put32(18, static_cast<std::uint32_t>(width_));
+    put32(22, static_cast<std::uint32_t>(height_));
+    header[26] = 1;   // planes
+    header[28] = 24;  // bits per pixel
+    put32(34, image);
+    std::ofstream out(path, std::ios::binary);
+    out.write(reinterpret_cast<const char*>(header), sizeof header);
+    const std::vector<char> padding(row - 3u * width_, 0);
+    for (int y = height_ - 1; y >= 0; --y) {
+      out.write(reinterpret_cast<const char*>(&pixels_[3u * width_ * y]), 3 * width_);
+      out.write(padding.data(), static_cast<std::streamsize>(padding.size()));
+    }
+    return static_cast<bool>(out);
+  }
+
+ private:
+  void plot(double x, double y, const std::uint8_t (&bgr)[3]) {
+    if (!(x >= 0 && y >= 0 && x < width_ && y < height_)) return;
+    std::uint8_t* pixel = &pixels_[3u * (static_cast<unsigned>(y) * width_ + static_cast<unsigned>(x))];
+    std::copy(bgr, bgr + 3, pixel);
+  }
+
+  int width_, height_;
+  std::vector<std::uint8_t> pixels_;  // top row first
+};
+
+bool write_bmp(const std::string& path, const Triangulation& t) {
+  const View view(t, 800);
+  Canvas canvas(view.width, view.height);
+  const std::uint8_t edge[3] = {140, 90, 58}, boundary[3] = {32, 32, 192};
+  for (std::size_t i = 0; i + 2 < t.corners.size(); i += 3)
+    for (int k = 0; k < 3; ++k) {
+      const Vertex& a = t.corners[i + k];
+      const Vertex& b = t.corners[i + (k + 1) % 3];
+      canvas.line(view.x(a), view.y(a), view.x(b), view.y(b), edge);
+    }
+  for (std::size_t i = 0; i < t.boundary.size(); ++i) {
+    const Vertex& a = t.boundary[i];
+    const Vertex& b = t.boundary[(i + 1) % t.boundary.size()];
+    canvas.line(view.x(a), view.y(a), view.x(b), view.y(b), boundary);
+  }
+  return canvas.save(path);
+}
+
+// Runs the library's triangulation; false when it fails.
+bool triangulate(const std::vector<Vertex>& points, unsigned int boundary, Triangulation& result) {
+  void* array = nullptr;
+  unsigned int count = 0;
+  if (!Triangulieren(static_cast<int>(points.size()), boundary, points.empty() ? nullptr : &points[0].x, &array,
+                     &count))
+    return false;
+  const auto* corners = static_cast<const Vertex*>(array);
+  result.corners.assign(corners, corners + 3u * count);
+  FreeTriangs(&array);
+  result.boundary.assign(points.begin(), points.begin() + std::min<std::size_t>(boundary, points.size()));
+  return true;
+}
+
+bool write_drawings(const Triangulation& t, const char* svg, const char* bmp) {
+  if (svg && !write_svg(svg, t)) {
+    std::fprintf(stderr, "qnutil tri: cannot write %s\n", svg);
+    return false;
+  }
+  if (bmp && !write_bmp(bmp, t)) {
+    std::fprintf(stderr, "qnutil tri: cannot write %s\n", bmp);
+    return false;
+  }
+  return true;
+}
+
+int run_tri(int argc, char** argv) {
+  const char* input = nullptr;
+  const char* svg = nullptr;
+  const char* bmp = nullptr;
+  unsigned long boundary = 0;
+  for (int i = 1; i < argc; ++i) {
+    if (std::strcmp(argv[i], "--boundary") == 0 && i + 1 < argc) {
+      char* end = nullptr;
+      boundary = std::strtoul(argv[++i], &end, 10);
+      if (*end != '\0' || argv[i][0] == '-' || boundary > 0xFFFFFFFFul) return usage_error(kTri);
+    } else if (std::strcmp(argv[i], "--svg") == 0 && i + 1 < argc) {
+      svg = argv[++i];
+    } else if (std::strcmp(argv[i], "--bmp") == 0 && i + 1 < argc) {
+      bmp = argv[++i];
+    } else if (!input && argv[i][0] != '-') {
+      input = argv[i];
+    } else {
+      return usage_error(kTri);
+    }
+  }
+  if (!input) return usage_error(kTri);
+  std::vector<Vertex> points;
+  if (!read_points(input, points)) return 1;
+  Triangulation result;
+  if (!triangulate(points, static_cast<unsigned int>(boundary), result)) {
+    std::fprintf(stderr, "qnutil tri: triangulation failed\n");
+    return 1;
+  }
+  std::printf("%zu triangles\n", result.corners.size() / 3);
+  return write_drawings(result, svg, bmp) ? 0 : 1;
+}
+
+// The floor plan's first 12 points are its outline; the rest lie inside.
+int demo_triangulation(const DemoContext& context) {
+  constexpr unsigned int kOutlinePoints = 12;
+  const std::string input = (context.samples / "floor_plan_points.txt").string();
+  std::vector<Vertex> points;
+  if (!read_points(input, points)) return 1;
+  Triangulation result;
+  if (!triangulate(points, kOutlinePoints, result)) return 1;
+  const std::string svg = (context.output / "floor_plan_triangles.svg").string();
+  const std::string bmp = (context.output / "floor_plan_triangles.bmp").string();
+  std::printf("%zu points (outline of %u) -> %zu triangles\n", points.size(), kOutlinePoints,
+              result.corners.size() / 3);
+  if (!write_drawings(result, svg.c_str(), bmp.c_str())) return 1;
+  std::printf("drawn to %s and %s\n", svg.c_str(), bmp.c_str());
+  return 0;
+}
+
+const RegisterCommand registered{kTri};
+const RegisterDemoStep demo{{60, "polygon triangulation", demo_triangulation}};
+
+}  // namespace
+}  // namespace qnutil_tool
