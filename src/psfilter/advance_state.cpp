@@ -100,4 +100,10 @@ OSErr advance_state(PSFilter_& filter) {
   return status;
 }
 
+void drop_tiles(FilterRecord& record) {
+  std::free(record.inData);
+  std::free(record.outData);
+  record.inData = record.outData = nullptr;
+}
+
 }  // namespace qnutil::psfilter

@@ -13,4 +13,7 @@ namespace qnutil::psfilter {
 // memFullErr when a tile cannot be allocated (that tile is then null).
 OSErr advance_state(PSFilter_& filter);
 
+// Frees the tiles handed out, without writing anything back.
+void drop_tiles(FilterRecord& record);
+
 }  // namespace qnutil::psfilter

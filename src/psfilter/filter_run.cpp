@@ -38,6 +38,9 @@ bool tiles_pending(const FilterRecord& record) {
 }
 
 void set_run_fields(PSFilter_& filter, const ApplyRequest& request, unsigned char* destination) {
+  // Tiles a plug-in still held when it abandoned its last run belong to
+  // that run's image.
+  drop_tiles(filter.record);
   filter.run = PSFilter_::Run{};
   filter.run.source = request.bits;
   filter.run.sourceRowBytes = request.rowBytes;

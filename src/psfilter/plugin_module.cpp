@@ -2,6 +2,7 @@
 // usable filter gives the entry point, category and name.
 #include <windows.h>
 
+#include "psfilter/advance_state.h"
 #include "psfilter/four_char_code.h"
 #include "psfilter/handle_suite.h"
 #include "psfilter/ps_filter.h"
@@ -54,6 +55,7 @@ PSFilter_::PSFilter_(const char* path) {
 }
 
 PSFilter_::~PSFilter_() {
+  drop_tiles(record);
   // The kept parameters would outlive every way to use them.
   if (lastParameters) dispose_handle(lastParameters);
   if (module) FreeLibrary(module);

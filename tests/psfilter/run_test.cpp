@@ -146,11 +146,12 @@ TEST_F(Progress, FalseFromTheCallbackCancelsThroughAbortProc) {
   // Rows handed back before the cancel are in the result; the row in hand is not.
   EXPECT_EQ(first_difference(cancelled.image, with_planes_changed(source, 0, 2, inverted, 0, 4)), "");
 
-  // The next run starts afresh.
+  // The next run, over another image, gets nothing of the abandoned tile.
   log_ = ProgressLog{};
-  const RunOutcome next = run(filter.get(), source, false, record_progress, 4711);
+  const Image other = pattern_image(6, 10, 4);
+  const RunOutcome next = run(filter.get(), other, false, record_progress, 4711);
   EXPECT_TRUE(next.ok);
-  EXPECT_EQ(first_difference(next.image, with_planes_changed(source, 0, 2, inverted)), "");
+  EXPECT_EQ(first_difference(next.image, with_planes_changed(other, 0, 2, inverted)), "");
 }
 
 TEST_F(Progress, WithoutCallbackTheRunIsNeverCancelled) {
