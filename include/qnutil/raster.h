@@ -9,6 +9,9 @@
  * Every function except bmpExInit returns 0 when the handle is null and 1
  * otherwise; 1 says only that a handle was given, not that the operation
  * found a file, a supported depth or a source.
+ *
+ * Objects are never destroyed: the library keeps every one it made
+ * reachable until the process ends.
  */
 #ifndef QNUTIL_RASTER_H
 #define QNUTIL_RASTER_H
@@ -81,6 +84,53 @@ QNUTIL_API int QNUTIL_CALL bmpExSaveToFile(bmpExHandle handle, const char* path)
 /** Appends the image as a 24-bit BMP file image to the end of the existing
  *  file at path. A missing file is left missing and nothing is written. */
 QNUTIL_API int QNUTIL_CALL bmpExSaveAtEnd(bmpExHandle handle, const char* path);
+
+/* Further operations on an image object, offered by this library beyond
+ * the original bmpEx family (the engine has them; these make them reachable
+ * from C). Same handle and result rules as above; all work on the picture
+ * with row 0 at the top and do nothing on an empty object. */
+
+/** Stores the picture's width and height (either pointer may be null). An
+ *  empty object reports the size its header describes. */
+QNUTIL_API int QNUTIL_CALL bmpExGetSize(bmpExHandle handle, int* width, int* height);
+
+/** Keeps only the rectangle (clamped to the picture). */
+QNUTIL_API int QNUTIL_CALL bmpExCrop(bmpExHandle handle, int x, int y, int width, int height);
+
+/** Mirrors left to right (horizontal != 0) or top to bottom. */
+QNUTIL_API int QNUTIL_CALL bmpExFlip(bmpExHandle handle, int horizontal);
+
+/** Black-and-white threshold: luminance 76 R + 150 G + 29 B above
+ *  level × 256 (level 0..255) turns a pixel black, otherwise white. */
+QNUTIL_API int QNUTIL_CALL bmpExThreshold(bmpExHandle handle, int level);
+
+/** 3 × 3 box blur (edge pixels repeated, means truncated). */
+QNUTIL_API int QNUTIL_CALL bmpExBlur(bmpExHandle handle);
+
+/** Adds delta (-255..255) to every colour channel, clamped to 0..255. */
+QNUTIL_API int QNUTIL_CALL bmpExBrightness(bmpExHandle handle, int delta);
+
+/** Pulls every channel toward 128 by the factor 256 / level (level 1..100;
+ *  1 leaves the image as it is). */
+QNUTIL_API int QNUTIL_CALL bmpExContrast(bmpExHandle handle, int level);
+
+/** Moves every pixel toward colour (0x00RRGGBB) by the colour's intensity. */
+QNUTIL_API int QNUTIL_CALL bmpExTint(bmpExHandle handle, unsigned int colour);
+
+/** toHsi != 0: replaces every pixel by its packed hue/saturation/intensity
+ *  form (hue in the red byte, intensity in the blue one); 0: converts such
+ *  an image back to colours. Each direction runs only from the other form. */
+QNUTIL_API int QNUTIL_CALL bmpExConvertHsi(bmpExHandle handle, int toHsi);
+
+/** Draws the source rectangle (sx, sy, sWidth, sHeight) of source scaled
+ *  into the rectangle (x, y, width, height) of handle's picture, mixed by
+ *  opacity in per cent. Extents are inclusive: a width w covers w + 1
+ *  columns. mode 0 takes the nearest pixel, 1 interpolates bilinearly,
+ *  2 smooths (area average when reducing, bicubic when enlarging); it
+ *  becomes the image's interpolation mode. A null source does nothing. */
+QNUTIL_API int QNUTIL_CALL bmpExDrawBitmap(bmpExHandle handle, int x, int y, int width, int height,
+                                           bmpExHandle source, int sx, int sy, int sWidth, int sHeight,
+                                           int opacity, int mode);
 
 QNUTIL_EXTERN_C_END
 

@@ -1,6 +1,8 @@
 // The bmpEx family: the plain C boundary over CQnBitmap. A handle is the
 // object's address; the result says only whether a handle was given.
-#include <new>
+#include <memory>
+#include <mutex>
+#include <vector>
 
 #include "frame/export_guard.h"
 #include "qnutil/raster.h"
@@ -27,10 +29,17 @@ int with_bitmap(bmpExHandle handle, Operation&& operation) {
 }  // namespace
 
 extern "C" QNUTIL_API int QNUTIL_CALL bmpExInit(bmpExHandle* handle) {
-  auto* bitmap = new (std::nothrow) CQnBitmap;
-  if (!bitmap) return 0;
-  *handle = reinterpret_cast<bmpExHandle>(bitmap);
-  return 1;
+  return guard_export(0, [&] {
+    auto bitmap = std::make_unique<CQnBitmap>();
+    // Objects live until the process ends; keeping them listed says so to
+    // leak checkers and costs a pointer each.
+    static std::mutex lock;
+    static auto* objects = new std::vector<std::unique_ptr<CQnBitmap>>;
+    std::lock_guard<std::mutex> guard(lock);
+    objects->push_back(std::move(bitmap));
+    *handle = reinterpret_cast<bmpExHandle>(objects->back().get());
+    return 1;
+  });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL bmpExLoad(bmpExHandle handle, const char* path) {
@@ -61,4 +70,52 @@ extern "C" QNUTIL_API int QNUTIL_CALL bmpExSaveToFile(bmpExHandle handle, const 
 
 extern "C" QNUTIL_API int QNUTIL_CALL bmpExSaveAtEnd(bmpExHandle handle, const char* path) {
   return with_bitmap(handle, [&](CQnBitmap& bitmap) { bitmap.SaveAtEnd(path); });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExGetSize(bmpExHandle handle, int* width, int* height) {
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) {
+    if (width) *width = bitmap.Width();
+    if (height) *height = bitmap.Height();
+  });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExCrop(bmpExHandle handle, int x, int y, int width, int height) {
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) { bitmap.Crop(x, y, width, height); });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExFlip(bmpExHandle handle, int horizontal) {
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) { horizontal ? bitmap.FlipHorizontal() : bitmap.FlipVertical(); });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExThreshold(bmpExHandle handle, int level) {
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) { bitmap.Threshold(level); });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExBlur(bmpExHandle handle) {
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) { bitmap.Blur(); });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExBrightness(bmpExHandle handle, int delta) {
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) { bitmap.Brightness(delta); });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExContrast(bmpExHandle handle, int level) {
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) { bitmap.Contrast(level); });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExTint(bmpExHandle handle, unsigned int colour) {
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) { bitmap.Tint(colour); });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExConvertHsi(bmpExHandle handle, int toHsi) {
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) { toHsi ? bitmap.ToHSI() : bitmap.FromHSI(); });
+}
+
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExDrawBitmap(bmpExHandle handle, int x, int y, int width, int height,
+                                                      bmpExHandle source, int sx, int sy, int sWidth, int sHeight,
+                                                      int opacity, int mode) {
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) {
+    bitmap.SetInterpolationMode(mode);
+    bitmap.DrawBitmap(x, y, width, height, bitmap_of(source), sx, sy, sWidth, sHeight, opacity);
+  });
 }
