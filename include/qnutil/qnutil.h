@@ -15,6 +15,7 @@
 #include "system.h"
 #include "triangulate.h"
 #include "raster.h"
+#include "gdi.h"
 #include "ini.h"
 #include "psfilter.h"
 

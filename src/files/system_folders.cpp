@@ -5,6 +5,7 @@
 
 #include "frame/export_guard.h"
 #include "frame/message_box.h"
+#include "platform/path_syntax.h"
 #include "platform/system_info.h"
 #include "qnutil/system.h"
 
@@ -37,7 +38,7 @@ char* program_data_folder(char* buf) {
     case platform::BaseFolder::system:
     case platform::BaseFolder::caller: break;
   }
-  const char separator = platform::folder_separator();
+  const char separator = platform::path_separator();
   const std::size_t last_separator = folder.rfind(separator);
   // A base without any separator gets none: "data" becomes
   // "dataQuarn Software GmbH...", as the host has always composed it.

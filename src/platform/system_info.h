@@ -9,9 +9,6 @@ namespace qnutil::platform {
 // programs). POSIX: the kernel release from uname, "major.minor...".
 bool os_version(unsigned& major, unsigned& minor);
 
-// Separator of composed folder names ('\\' on Windows, '/' on POSIX).
-char folder_separator();
-
 enum class BaseFolder {
   caller,     // the caller's own base folder is used
   system,     // `folder` holds the system's common application-data folder

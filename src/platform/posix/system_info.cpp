@@ -16,8 +16,6 @@ bool os_version(unsigned& major, unsigned& minor) {
   return true;
 }
 
-char folder_separator() { return '/'; }
-
 BaseFolder program_data_base_folder(unsigned, unsigned, std::string&) {
   return BaseFolder::caller;
 }

@@ -23,8 +23,6 @@ bool os_version(unsigned& major, unsigned& minor) {
   return ok != FALSE;
 }
 
-char folder_separator() { return '\\'; }
-
 BaseFolder program_data_base_folder(unsigned major, unsigned minor, std::string& folder) {
   const bool keeps_common_folder = (major == 5 && minor <= 2) || (major == 6 && minor == 0);
   if (!keeps_common_folder) return BaseFolder::caller;

@@ -1,0 +1,137 @@
+// In-process COM server standing in for the host's calculator: an object
+// with the calculator interface's vtable layout that records its calls and
+// gives scripted answers.
+#include <objbase.h>
+#include <oleauto.h>
+#include <windows.h>
+
+#include <cwchar>
+
+#include "../calc_fixture_state.h"
+
+namespace {
+
+constexpr CLSID kCalculatorClass = {
+    0x9BA593B7, 0x2640, 0x493B, {0xAA, 0x8A, 0xB3, 0xD9, 0x17, 0x23, 0x37, 0xC1}};
+constexpr IID kCalculatorInterface = {
+    0x9464C5B0, 0xCAB6, 0x4093, {0xA2, 0x1D, 0x45, 0x72, 0xA1, 0xB7, 0x51, 0x3E}};
+
+CalcFixtureState g_state;
+
+void copy_wide(wchar_t (&to)[256], const wchar_t* from) {
+  std::wcsncpy(to, from ? from : L"", 255);
+  to[255] = L'\0';
+}
+
+BSTR scripted_text(const wchar_t* text) { return text ? SysAllocString(text) : nullptr; }
+
+// Slots 3 to 16 belong to methods the library never calls.
+struct Calculator : IUnknown {
+  LONG references = 1;
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
+    if (iid == IID_IUnknown || iid == kCalculatorInterface) {
+      AddRef();
+      *out = this;
+      return S_OK;
+    }
+    *out = nullptr;
+    return E_NOINTERFACE;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return InterlockedIncrement(&references); }
+  STDMETHODIMP_(ULONG) Release() override {
+    const LONG left = InterlockedDecrement(&references);
+    if (left == 0) delete this;
+    return left;
+  }
+#define UNUSED_SLOT(n) \
+  virtual HRESULT STDMETHODCALLTYPE unused##n() { return E_NOTIMPL; }
+  UNUSED_SLOT(3) UNUSED_SLOT(4) UNUSED_SLOT(5) UNUSED_SLOT(6) UNUSED_SLOT(7) UNUSED_SLOT(8)
+  UNUSED_SLOT(9) UNUSED_SLOT(10) UNUSED_SLOT(11) UNUSED_SLOT(12) UNUSED_SLOT(13)
+  UNUSED_SLOT(14) UNUSED_SLOT(15) UNUSED_SLOT(16)
+#undef UNUSED_SLOT
+
+  // Slot 17.
+  virtual HRESULT STDMETHODCALLTYPE initialise(long argument) {
+    ++g_state.initialise_calls;
+    g_state.initialise_argument = argument;
+    return g_state.result;
+  }
+  // Slot 18.
+  virtual HRESULT STDMETHODCALLTYPE evaluate(BSTR expression, long a, long b) {
+    ++g_state.evaluate_calls;
+    g_state.expression_was_null = expression == nullptr;
+    copy_wide(g_state.expression, expression);
+    g_state.evaluate_arguments[0] = a;
+    g_state.evaluate_arguments[1] = b;
+    return g_state.result;
+  }
+  // Slot 19.
+  virtual HRESULT STDMETHODCALLTYPE error_text(long a, long b, long c, BSTR* text) {
+    ++g_state.error_text_calls;
+    g_state.error_text_arguments[0] = a;
+    g_state.error_text_arguments[1] = b;
+    g_state.error_text_arguments[2] = c;
+    *text = scripted_text(g_state.error_text);
+    return g_state.result;
+  }
+  // Slot 20.
+  virtual HRESULT STDMETHODCALLTYPE text_to_number(BSTR text, long mode, double* value,
+                                                   long* status) {
+    ++g_state.text_to_number_calls;
+    copy_wide(g_state.number_text, text);
+    g_state.number_mode = mode;
+    *value = g_state.number;
+    *status = g_state.status;
+    return g_state.result;
+  }
+  // Slot 21.
+  virtual HRESULT STDMETHODCALLTYPE number_to_text(double value, long a, long b, long c,
+                                                   BSTR* text, long* status) {
+    ++g_state.number_to_text_calls;
+    g_state.formatted_value = value;
+    g_state.format_controls[0] = a;
+    g_state.format_controls[1] = b;
+    g_state.format_controls[2] = c;
+    *text = scripted_text(g_state.number_text_result);
+    *status = g_state.status;
+    return g_state.result;
+  }
+
+  virtual ~Calculator() = default;
+};
+
+struct Factory : IClassFactory {
+  STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
+    if (iid == IID_IUnknown || iid == IID_IClassFactory) {
+      *out = this;
+      return S_OK;
+    }
+    *out = nullptr;
+    return E_NOINTERFACE;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+  STDMETHODIMP_(ULONG) Release() override { return 1; }
+  STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** out) override {
+    if (outer) return CLASS_E_NOAGGREGATION;
+    Calculator* calculator = new Calculator;
+    const HRESULT result = calculator->QueryInterface(iid, out);
+    calculator->Release();
+    return result;
+  }
+  STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+};
+
+Factory g_factory;
+
+}  // namespace
+
+extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID clsid,
+                                                                          REFIID iid, void** out) {
+  if (clsid != kCalculatorClass) return CLASS_E_CLASSNOTAVAILABLE;
+  return g_factory.QueryInterface(iid, out);
+}
+
+extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllCanUnloadNow() { return S_FALSE; }
+
+extern "C" __declspec(dllexport) CalcFixtureState* fixture_state() { return &g_state; }
