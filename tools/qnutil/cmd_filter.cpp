@@ -21,7 +21,8 @@ int run_filter_command(int argc, char** argv);
 const Command kFilter{"filter", "show or run an image filter plug-in (.8bf; Windows builds)",
                       "filter info PLUGIN\n"
                       "       qnutil filter apply PLUGIN IN.bmp OUT.bmp [--repeat]\n"
-                      "  info   prints the plug-in's category, name and whether it loads\n"
+                      "  info   prints the plug-in's category and name once it loaded and its\n"
+                      "         entry point resolved\n"
                       "  apply  runs the filter over a 24- or 32-bit BMP, progress on stderr;\n"
                       "         --repeat applies it a second time with the kept parameters",
                       run_filter_command};
@@ -54,7 +55,11 @@ void put32(std::vector<uint8_t>& out, uint32_t value) {
 bool read_bmp(const char* path, Picture& picture, std::string& error) {
   std::ifstream in(path, std::ios::binary);
   const std::vector<uint8_t> bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  if (!in.eof() || bytes.size() < 54 || bytes[0] != 'B' || bytes[1] != 'M') {
+  if (!in) {
+    error = "cannot read the file";
+    return false;
+  }
+  if (bytes.size() < 54 || bytes[0] != 'B' || bytes[1] != 'M') {
     error = "not a BMP file";
     return false;
   }
@@ -139,7 +144,9 @@ int show_info(const char* path) {
   char* name = nullptr;
   PSFilter_* filter = load(path, &category, &name);
   if (!filter) return 1;
-  std::printf("category: %s\nname:     %s\n", category, name);
+  // The entry point's name stays inside the host; that it resolved is
+  // what loading proves.
+  std::printf("category: %s\nname:     %s\nentry:    resolved\n", category, name);
   AVFreeGotPSFilterInfo(&category, &name);
   AVFreeGotPSFilter(&filter);
   return 0;
