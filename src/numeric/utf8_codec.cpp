@@ -5,20 +5,21 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-struct LeadByte {
-  int continuation_bytes;  // -1: the byte cannot start a sequence
-  unsigned char lowest_second, highest_second;  // excludes overlongs, surrogates, > U+10FFFF
-};
+// Continuation bytes a lead byte announces; 0 for bytes that cannot lead.
+int continuation_bytes(unsigned char lead) {
+  if (lead >= 0xC2 && lead <= 0xDF) return 1;
+  if (lead >= 0xE0 && lead <= 0xEF) return 2;
+  if (lead >= 0xF0 && lead <= 0xF4) return 3;
+  return 0;
+}
 
-LeadByte classify(unsigned char byte) {
-  if (byte >= 0xC2 && byte <= 0xDF) return {1, 0x80, 0xBF};
-  if (byte == 0xE0) return {2, 0xA0, 0xBF};
-  if (byte == 0xED) return {2, 0x80, 0x9F};
-  if (byte >= 0xE1 && byte <= 0xEF) return {2, 0x80, 0xBF};
-  if (byte == 0xF0) return {3, 0x90, 0xBF};
-  if (byte >= 0xF1 && byte <= 0xF3) return {3, 0x80, 0xBF};
-  if (byte == 0xF4) return {3, 0x80, 0x8F};
-  return {-1, 0, 0};
+// Whether the bits gathered from the lead byte and the first continuation
+// byte already rule the sequence out: overlong three- and four-byte forms,
+// surrogates, and code points above U+10FFFF.
+bool ruled_out_after_second_byte(int continuation, char32_t bits) {
+  if (continuation == 2) return bits < 0x20 || (bits >= 0x360 && bits <= 0x37F);
+  if (continuation == 3) return bits < 0x10 || bits >= 0x110;
+  return false;
 }
 
 void append_utf16(std::u16string& out, char32_t code) {
@@ -54,39 +55,44 @@ bool is_low_surrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; 
 
 }  // namespace
 
+// Windows converts the text together with its terminator, and its decoder
+// consumes every continuation byte it has checked before it rejects a
+// sequence; a byte that is not a continuation byte starts the next one.
+// A sequence cut off by the end of the text swallows the terminator.
 std::u16string utf8_to_utf16(std::string_view utf8) {
   std::u16string out;
   out.reserve(utf8.size());
+  const std::size_t end = utf8.size();  // index of the (virtual) terminator
+  const auto byte_at = [&](std::size_t i) { return i < end ? static_cast<unsigned char>(utf8[i]) : 0; };
   std::size_t i = 0;
-  while (i < utf8.size()) {
-    const auto lead = static_cast<unsigned char>(utf8[i++]);
+  while (i < end) {
+    const unsigned char lead = byte_at(i++);
     if (lead < 0x80) {
       out.push_back(lead);
       continue;
     }
-    const LeadByte kind = classify(lead);
-    if (kind.continuation_bytes < 0) {
+    const int continuation = continuation_bytes(lead);
+    if (continuation == 0) {
       out.push_back(kReplacement);
       continue;
     }
-    char32_t code = lead & (0x3F >> kind.continuation_bytes);
-    bool complete = true;
-    for (int k = 0; k < kind.continuation_bytes; ++k) {
-      const unsigned char lowest = k == 0 ? kind.lowest_second : 0x80;
-      const unsigned char highest = k == 0 ? kind.highest_second : 0xBF;
-      if (i == utf8.size()) {
-        complete = false;
-        break;
-      }
-      const auto next = static_cast<unsigned char>(utf8[i]);
-      if (next < lowest || next > highest) {
-        complete = false;  // the offending byte starts the next sequence
+    if (i + static_cast<std::size_t>(continuation) > end + 1) {
+      out.push_back(kReplacement);
+      break;
+    }
+    char32_t code = lead & (0x3F >> continuation);
+    bool valid = true;
+    for (int k = 0; k < continuation && valid; ++k) {
+      const unsigned char next = byte_at(i);
+      if ((next & 0xC0) != 0x80) {
+        valid = false;
         break;
       }
       code = (code << 6) | (next & 0x3F);
       ++i;
+      if (k == 0 && ruled_out_after_second_byte(continuation, code)) valid = false;
     }
-    append_utf16(out, complete ? code : kReplacement);
+    append_utf16(out, valid ? code : kReplacement);
   }
   return out;
 }

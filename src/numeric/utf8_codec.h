@@ -1,7 +1,7 @@
 // UTF-8 to and from UTF-16 with the substitutions Windows' conversion
-// functions make (no flags): every maximal ill-formed subsequence of the
-// UTF-8 input, and every unpaired surrogate of the UTF-16 input, becomes
-// one U+FFFD.
+// functions make without flags when they convert a zero-terminated text:
+// ill-formed UTF-8 sequences and unpaired surrogates become U+FFFD, one for
+// each sequence as Windows delimits it.
 #pragma once
 
 #include <string>

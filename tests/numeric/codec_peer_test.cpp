@@ -13,14 +13,15 @@
 
 namespace {
 
+// Converted with the terminator, as the library converts; the terminator
+// is dropped again when it comes out.
 std::u16string windows_to_utf16(UINT code_page, const std::string& text) {
-  if (text.empty()) return {};
-  const int length = static_cast<int>(text.size());
   std::u16string wide(text.size() * 2 + 2, u'\0');
-  const int units = MultiByteToWideChar(code_page, 0, text.data(), length,
+  const int units = MultiByteToWideChar(code_page, 0, text.c_str(), -1,
                                         reinterpret_cast<wchar_t*>(wide.data()),
                                         static_cast<int>(wide.size()));
   wide.resize(static_cast<std::size_t>(units));
+  if (!wide.empty() && wide.back() == u'\0') wide.pop_back();
   return wide;
 }
 

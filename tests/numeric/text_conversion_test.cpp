@@ -40,9 +40,11 @@ INSTANTIATE_TEST_SUITE_P(
                       FromUtf8Case{"\xF0\x9F\x98\x80", std::string("\x3D\x00", 2)},  // D83D DE00
                       FromUtf8Case{"\xC3", "\xFD"},                         // truncated: U+FFFD
                       FromUtf8Case{"\xC0\xAF", "\xFD\xFD"},                 // overlong
-                      FromUtf8Case{"\xED\xA0\x80", "\xFD\xFD\xFD"},         // surrogate
+                      FromUtf8Case{"\xED\xA0\x80", "\xFD\xFD"},  // surrogate: lead and checked byte, then a stray one
                       FromUtf8Case{"\xE2\x82" "A", "\xFD" "A"},             // cut short
-                      FromUtf8Case{"\xF4\x90\x80\x80", "\xFD\xFD\xFD\xFD"}, // above U+10FFFF
+                      FromUtf8Case{"\xF4\x90\x80\x80", "\xFD\xFD\xFD"},  // above U+10FFFF
+                      FromUtf8Case{"\xE0\x80\x80", "\xFD\xFD"},  // overlong
+                      FromUtf8Case{"a\xF0\x9F", "a\xFD"},  // cut off by the end
                       FromUtf8Case{"\xFF", "\xFD"}));
 
 TEST(ConvertFromUtf8, EmptyInputFailsAndLeavesTheBufferAlone) {

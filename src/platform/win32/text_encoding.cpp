@@ -7,14 +7,19 @@
 namespace qnutil::platform {
 namespace {
 
+// Converted with the terminator, as zero-terminated texts always were:
+// how Windows ends an ill-formed sequence at the end of the text depends
+// on it. The terminator is dropped again (a sequence cut off by the end
+// can swallow it).
 std::u16string to_utf16(UINT code_page, std::string_view text) {
-  if (text.empty() || text.size() > INT_MAX) return {};
-  const int length = static_cast<int>(text.size());
-  const int units = MultiByteToWideChar(code_page, 0, text.data(), length, nullptr, 0);
+  if (text.empty() || text.size() >= INT_MAX) return {};
+  const std::string terminated(text);
+  const int units = MultiByteToWideChar(code_page, 0, terminated.c_str(), -1, nullptr, 0);
   if (units <= 0) return {};
   std::u16string wide(static_cast<std::size_t>(units), u'\0');
-  MultiByteToWideChar(code_page, 0, text.data(), length, reinterpret_cast<wchar_t*>(wide.data()),
+  MultiByteToWideChar(code_page, 0, terminated.c_str(), -1, reinterpret_cast<wchar_t*>(wide.data()),
                       units);
+  if (wide.back() == u'\0') wide.pop_back();
   return wide;
 }
 
