@@ -1,0 +1,121 @@
+// The program-data folder on older Windows versions. Wine reports the
+// version configured for a program name under
+// HKCU\Software\Wine\AppDefaults\<name>\Version, so this program sets that
+// for itself and runs itself once per version; each run checks the folder
+// rule against what the system says. Elsewhere the key is ignored and the
+// runs that need another version skip.
+#include <gtest/gtest.h>
+#include <shlobj.h>
+#include <windows.h>
+
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+#include "qnutil/qnutil.h"
+
+namespace {
+
+const char kChildFlag[] = "--as-windows";
+
+struct Version {
+  const char* wine_name;
+  unsigned major;
+  unsigned minor;
+  bool common_folder;  // the folder rule's branch
+};
+
+const Version kVersions[] = {{"win2k", 5, 0, true},    {"winxp", 5, 1, true},
+                             {"win2003", 5, 2, true},  {"vista", 6, 0, true},
+                             {"win7", 6, 1, false},    {"win8", 6, 2, false}};
+
+Version g_expected;
+
+bool running_under_wine() {
+  const HMODULE ntdll = GetModuleHandleA("ntdll.dll");
+  return ntdll && GetProcAddress(ntdll, "wine_get_version");
+}
+
+TEST(LegacyWindows, ProgramDataFolderFollowsTheVersion) {
+  unsigned major = 0, minor = 0;
+  ASSERT_EQ(QnUtil_GetOperatingSystem(&major, &minor), 1);
+  if (major != g_expected.major || minor != g_expected.minor) {
+    // Wine honours the configured version; real Windows ignores it.
+    ASSERT_FALSE(running_under_wine()) << "Wine reports " << major << "." << minor;
+    GTEST_SKIP() << "system reports " << major << "." << minor << ", not the configured version";
+  }
+  char buf[260] = "D:\\data";
+  ASSERT_EQ(QnUtil_GetProgPathAppData(buf), buf);
+  std::string expected = "D:\\data";
+  if (g_expected.common_folder) {
+    char common[MAX_PATH];
+    ASSERT_EQ(SHGetFolderPathA(nullptr, CSIDL_COMMON_APPDATA, nullptr, SHGFP_TYPE_CURRENT, common),
+              S_OK);
+    expected = common;
+  }
+  EXPECT_EQ(std::string(buf), expected + "\\Quarn Software GmbH\\Quarn +2011\\Programm");
+}
+
+std::string own_path() {
+  char path[MAX_PATH] = "";
+  GetModuleFileNameA(nullptr, path, MAX_PATH);
+  return path;
+}
+
+std::string app_defaults_key() {
+  const std::string path = own_path();
+  return "Software\\Wine\\AppDefaults\\" + path.substr(path.find_last_of('\\') + 1);
+}
+
+bool configure_version(const char* wine_name) {
+  HKEY key = nullptr;
+  if (RegCreateKeyExA(HKEY_CURRENT_USER, app_defaults_key().c_str(), 0, nullptr, 0, KEY_WRITE,
+                      nullptr, &key, nullptr) != ERROR_SUCCESS)
+    return false;
+  const LONG status = RegSetValueExA(key, "Version", 0, REG_SZ,
+                                     reinterpret_cast<const BYTE*>(wine_name),
+                                     static_cast<DWORD>(std::strlen(wine_name) + 1));
+  RegCloseKey(key);
+  return status == ERROR_SUCCESS;
+}
+
+DWORD run_child(const Version& version) {
+  std::string command_line = "\"";
+  command_line.append(own_path()).append("\" ").append(kChildFlag).append(" ");
+  command_line.append(version.wine_name);
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessA(nullptr, command_line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                      &startup, &process))
+    return 1;
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD code = 1;
+  GetExitCodeProcess(process.hProcess, &code);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return code;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc >= 3 && std::strcmp(argv[1], kChildFlag) == 0) {
+    for (const Version& version : kVersions)
+      if (std::strcmp(version.wine_name, argv[2]) == 0) g_expected = version;
+    std::printf("-- as %s (%u.%u)\n", argv[2], g_expected.major, g_expected.minor);
+    std::fflush(stdout);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+  }
+  int failures = 0;
+  for (const Version& version : kVersions) {
+    if (!configure_version(version.wine_name)) {
+      std::fprintf(stderr, "cannot configure the version %s\n", version.wine_name);
+      return 1;
+    }
+    if (run_child(version) != 0) ++failures;
+  }
+  RegDeleteTreeA(HKEY_CURRENT_USER, app_defaults_key().c_str());
+  return failures == 0 ? 0 : 1;
+}
