@@ -76,6 +76,22 @@ typedef struct TexPropsRec {
   float value10;
 } TexPropsRec;
 
+/** Material record of CQnMatFile (sixteen 32-bit fields, 64 bytes). */
+typedef struct matTyp {
+  float RGBDiffus[3];  /**< diffuse colour red, green, blue, 0 to 1 */
+  float RGBSpiegel[3]; /**< specular colour red, green, blue, 0 to 1 */
+  float alpha;
+  float kambient;      /**< ambient coefficient */
+  float kdiffus;       /**< diffuse coefficient */
+  float kspiegel;      /**< specular coefficient */
+  float Oe;            /**< specular exponent */
+  float oeInvPow;      /**< derived: -1 / Oe^1.5, or 0 for Oe <= 0.1 */
+  float oeOffset;      /**< derived: Oe^1.5 - 1 / (1 + 1 / Oe^1.5), or 0 */
+  float oePow;         /**< derived: Oe^1.5, or 0 */
+  uint32_t reserved;   /**< 0 after a load */
+  uint32_t Bits;       /**< host-defined bit set; bit 0 is never stored */
+} matTyp;
+
 QNUTIL_EXTERN_C_BEGIN
 
 /**
@@ -193,6 +209,7 @@ QNUTIL_EXTERN_C_END
 
 #ifdef __cplusplus
 #include "CQnIniFile.h"
+#include "CQnMatFile.h"
 #endif
 
 #endif /* QNUTIL_INI_H */

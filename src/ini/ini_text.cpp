@@ -123,7 +123,7 @@ const IniSection* IniText::find_section(std::string_view name) const {
 const IniEntry* IniText::find_key(const IniSection& section, std::string_view key) const {
   for (std::uint32_t i = section.first_entry; i < section.end_entry; ++i) {
     const IniEntry& entry = entries_[i];
-    if (entry.has_value && names_equal(this->key(entry), key)) return &entry;
+    if (names_equal(this->key(entry), key)) return &entry;
   }
   return nullptr;
 }

@@ -69,7 +69,8 @@ class IniText {
   // The first section of that name (only the first of duplicates counts),
   // or null. `name` is compared as it stands.
   const IniSection* find_section(std::string_view name) const;
-  // The first key entry (one with '=') of that name in `section`, or null.
+  // The first entry of that name in `section`, or null. A bare entry found
+  // first hides a later key of the same name.
   const IniEntry* find_key(const IniSection& section, std::string_view key) const;
 
  private:

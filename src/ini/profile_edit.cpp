@@ -72,7 +72,9 @@ std::string edit_profile(const IniText& text, std::string_view section_name, con
   if (!section) return append_section(bytes, section_name, key_name, value);
 
   if (entry) {
-    std::string out(bytes, 0, entry->value_begin);
+    // A bare entry gains its '=' after the name.
+    std::string out(bytes, 0, entry->has_value ? entry->value_begin : entry->key_end);
+    if (!entry->has_value) out.push_back('=');
     out.append(value);
     if (entry->next_line == entry->line_end) {
       out.append(kLineBreak);

@@ -90,7 +90,7 @@ std::optional<std::string_view> find_profile_value(const IniText* text, std::str
   const IniSection* section = text->find_section(trim_spaces(section_name));
   if (!section) return std::nullopt;
   const IniEntry* entry = text->find_key(*section, trim_spaces(key));
-  if (!entry) return std::nullopt;
+  if (!entry || !entry->has_value) return std::nullopt;
   std::string_view value = text->value(*entry);
   value = value.substr(0, value.find('\0'));  // the A functions see C strings
   value = strip_quotes(value);

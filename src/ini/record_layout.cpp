@@ -29,3 +29,17 @@ static_assert(offsetof(TexPropsRec, flag2) == 36);
 static_assert(offsetof(TexPropsRec, flag3) == 40);
 static_assert(offsetof(TexPropsRec, value9) == 44);
 static_assert(offsetof(TexPropsRec, value10) == 48);
+
+static_assert(sizeof(matTyp) == 64);
+static_assert(offsetof(matTyp, RGBDiffus) == 0);
+static_assert(offsetof(matTyp, RGBSpiegel) == 12);
+static_assert(offsetof(matTyp, alpha) == 24);
+static_assert(offsetof(matTyp, kambient) == 28);
+static_assert(offsetof(matTyp, kdiffus) == 32);
+static_assert(offsetof(matTyp, kspiegel) == 36);
+static_assert(offsetof(matTyp, Oe) == 40);
+static_assert(offsetof(matTyp, oeInvPow) == 44);
+static_assert(offsetof(matTyp, oeOffset) == 48);
+static_assert(offsetof(matTyp, oePow) == 52);
+static_assert(offsetof(matTyp, reserved) == 56);
+static_assert(offsetof(matTyp, Bits) == 60);

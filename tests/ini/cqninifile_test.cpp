@@ -62,14 +62,14 @@ TEST_F(IniFileTest, WritesFormatIntegersAndDoubles) {
   EXPECT_TRUE(file.WriteDouble("n", "d2", 1234567.0));
   EXPECT_TRUE(file.WriteDouble("n", "d3", 0.0000125));
   EXPECT_TRUE(file.WriteDouble("n", "d4", 3.0));
-  EXPECT_TRUE(file.WriteString("n", "s", " spaced "));
+  EXPECT_TRUE(file.WriteString("n", "s", "\"quoted text\""));
   EXPECT_NE(read_file(path_).find("[n]\r\ni=-12\r\nd1=2.5\r\nd2=1.23457e+06\r\nd3=1.25e-05\r\nd4=3\r\n"
-                                  "s= spaced \r\n"),
+                                  "s=\"quoted text\"\r\n"),
             std::string::npos)
       << read_file(path_);
   EXPECT_EQ(file.ReadInt("n", "i"), -12);
   EXPECT_EQ(file.ReadDouble("n", "d2"), 1234570.0);
-  EXPECT_EQ(file.ReadString("n", "s"), "spaced");
+  EXPECT_EQ(file.ReadString("n", "s"), "quoted text");
 }
 
 TEST_F(IniFileTest, NullValueDeletesKeyAndNullKeyTheSection) {

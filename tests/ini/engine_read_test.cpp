@@ -59,6 +59,8 @@ INSTANTIATE_TEST_SUITE_P(
         ReadCase{"inner spaces distinguish keys", "[s]\r\nmy key=1\r\nmy  key=2\r\n", "s", "my  key", "2"},
         ReadCase{"no key without its space", "[s]\r\nmy key=1\r\n", "s", "mykey", "<default>"},
         ReadCase{"line without = reads default", "[s]\r\nname3\r\n", "s", "name3", "<default>"},
+        ReadCase{"line without = hides a later key", "[s]\r\nname3\r\nname3=v\r\n", "s", "name3",
+                 "<default>"},
         ReadCase{"comment cannot be read", "[S]\r\n;key=TestValue\r\n", "S", ";key", "<default>"},
         ReadCase{"comment is no key", "[S]\r\n;key=TestValue\r\n", "S", "key", "<default>"},
         ReadCase{"indented comment", "[S]\r\n \t;key=TestValue\r\n", "S", ";key", "<default>"},

@@ -81,6 +81,8 @@ INSTANTIATE_TEST_SUITE_P(
         WriteCase{"names lose spaces only", "", {{" sec ", " key ", "v"}, {"\tsec\t", "k", "v"}},
                   "[sec]\r\nkey=v\r\n[\tsec\t]\r\nk=v\r\n"},
         WriteCase{"special characters literal", "", {{"s;]", "a=b", "c"}}, "[s;]]\r\na=b=c\r\n"},
+        WriteCase{"a line without = gains its value", "[s]\r\nbare  \r\nk=1\r\n", {{"s", "BARE", "v"}},
+                  "[s]\r\nbare=v\r\nk=1\r\n"},
         WriteCase{"delete a key keeps the header", "[App3]\r\nkey5=string5\r\n",
                   {{"App3", "key5", nullptr}}, "[App3]\r\n"},
         WriteCase{"delete the first duplicate only", "[a]\r\nx=1\r\nx=2\r\n", {{"a", "x", nullptr}},
