@@ -13,7 +13,7 @@ namespace {
 
 // Images the header describes as larger than this are skipped: they are
 // valid, only slow to fill. Impossible sizes are not skipped.
-constexpr uint32_t kMaxFuzzedPixelBytes = 16u << 20;
+constexpr uint32_t kMaxFuzzedPixelBytes = 1u << 20;
 
 bool too_large_to_fuzz(const QnBmpInfoHeader& info) {
   const auto layout = qnutil::raster::describe_pixels(info);

@@ -111,6 +111,23 @@ Header header_at(const uint8_t* bytes, size_t length, size_t offset) {
 
 }  // namespace
 
+void CQnBitmap::ReadWorkingRows(PixelSource& source, const qnutil::raster::PixelLayout& layout, uint32_t* words) {
+  uint32_t palette[256];
+  qnutil::raster::palette_words(palette_, palette);
+  const int width = headers_.info.biWidth, height = headers_.info.biHeight;
+  const size_t rows_per_slice = std::max<size_t>(1, kSliceBytes / layout.stride);
+  std::vector<uint8_t> scratch(std::min<size_t>(rows_per_slice, height) * layout.stride);
+  source.BeginPixels(palette_count_);
+  for (int first = 0; first < height;) {
+    const int rows = static_cast<int>(std::min<size_t>(rows_per_slice, height - first));
+    const uint8_t* slice = source.NextPixels(size_t{layout.stride} * rows, scratch.data());
+    for (int r = 0; r < rows; ++r)
+      qnutil::raster::row_to_working(slice + size_t{layout.stride} * r, words + size_t(first + r) * width, width,
+                                     headers_.info.biBitCount, palette);
+    first += rows;
+  }
+}
+
 void CQnBitmap::LoadDescribed(PixelSource& source) {
   // The old pixels go; their allocation is kept for the new ones when it
   // is large enough.
@@ -139,22 +156,13 @@ void CQnBitmap::LoadDescribed(PixelSource& source) {
     if (!buffer) return;
   }
   auto* converted = reinterpret_cast<uint32_t*>(buffer.get());
-
-  uint32_t palette[256];
-  qnutil::raster::palette_words(palette_, palette);
-  const int width = info.biWidth, height = info.biHeight;
-  const size_t rows_per_slice = std::max<size_t>(1, kSliceBytes / layout->stride);
-  std::vector<uint8_t> scratch(std::min<size_t>(rows_per_slice, height) * layout->stride);
-  source.BeginPixels(palette_count_);
-  for (int first = 0; first < height;) {
-    const int rows = static_cast<int>(std::min<size_t>(rows_per_slice, height - first));
-    const uint8_t* slice = source.NextPixels(size_t{layout->stride} * rows, scratch.data());
-    for (int r = 0; r < rows; ++r)
-      qnutil::raster::row_to_working(slice + size_t{layout->stride} * r,
-                                     converted + size_t(first + r) * width, width,
-                                     info.biBitCount, palette);
-    first += rows;
-  }
+  // Depths without a pixel rule (12, 48, ...) give black pixels; their
+  // bytes are not read at all, however many the header claims.
+  const unsigned depth = info.biBitCount;
+  if (depth == 8 || depth == 16 || depth == 24 || depth == 32)
+    ReadWorkingRows(source, *layout, converted);
+  else
+    std::memset(converted, 0, layout->working_bytes);
   SetPixels(buffer.release(), capacity);
   SetWorkingLayout();
 }

@@ -20,6 +20,7 @@
 #include <cstdint>
 
 #include "qnutil/raster.h"
+#include "raster/pixel_layout.h"
 
 #ifdef _WIN32
 // Device handles without <windows.h>: the STRICT handle types are pointers
@@ -154,6 +155,7 @@ class CQnBitmap {
   };
 
   void LoadDescribed(PixelSource& source);
+  void ReadWorkingRows(PixelSource& source, const qnutil::raster::PixelLayout& layout, uint32_t* words);
   // The pixel buffer is always set through these, so that its capacity is
   // known: conversions, crop and blur then work in place, and repeated
   // loads reuse the allocation.
