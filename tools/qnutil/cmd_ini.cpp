@@ -1,0 +1,177 @@
+// qnutil ini / mat: INI values and material files; plus a demo of INI
+// access, style records and a material.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <string>
+
+#include "qnutil/qnutil.h"
+#include "registry.h"
+
+namespace qnutil_tool {
+namespace {
+
+int run_ini(int argc, char** argv);
+int run_mat(int argc, char** argv);
+
+const Command kIni{"ini", "read or write one value of an INI file",
+                   "ini get FILE SECTION KEY | ini set FILE SECTION KEY VALUE\n"
+                   "  get prints the value (quotes and surrounding blanks removed) and exits\n"
+                   "  with 1 when the key is missing; set writes VALUE as it stands,\n"
+                   "  creating the file, section or key as needed.",
+                   run_ini};
+
+const Command kMat{"mat", "show or change a material file",
+                   "mat show FILE | mat set FILE KEY VALUE\n"
+                   "  show prints every field of the loaded material, derived ones included.\n"
+                   "  KEY is one of Name, kdiffus, kambient, kspiegel, alpha, Oe, Bits,\n"
+                   "  RGBDiffus, RGBSpiegel (VALUE \"r,g,b\", 0 to 1) or Testtextur.",
+                   run_mat};
+
+constexpr char kMissing[] = "_TheDefault_";
+
+int run_ini(int argc, char** argv) {
+  if (argc == 5 && std::strcmp(argv[1], "get") == 0) {
+    const std::string value = CQnIniFile::FileReadString(argv[2], argv[3], argv[4]);
+    if (value == kMissing) {
+      std::fprintf(stderr, "qnutil ini: no key %s in section %s of %s\n", argv[4], argv[3], argv[2]);
+      return 1;
+    }
+    std::printf("%s\n", value.c_str());
+    return 0;
+  }
+  if (argc == 6 && std::strcmp(argv[1], "set") == 0) {
+    if (CQnIniFile::FileWriteString(argv[2], argv[3], argv[4], argv[5])) return 0;
+    std::fprintf(stderr, "qnutil ini: cannot write %s\n", argv[2]);
+    return 1;
+  }
+  return usage_error(kIni);
+}
+
+void print_material(CQnMatFile& material) {
+  std::string name, texture;
+  material.GetLogName(name);
+  material.GetTestTexturePath(texture);
+  const matTyp& m = *material.GetMaterialPtr();
+  std::printf("Name        %s\n", name.c_str());
+  std::printf("RGBDiffus   %g, %g, %g\n", m.RGBDiffus[0], m.RGBDiffus[1], m.RGBDiffus[2]);
+  std::printf("RGBSpiegel  %g, %g, %g\n", m.RGBSpiegel[0], m.RGBSpiegel[1], m.RGBSpiegel[2]);
+  std::printf("alpha       %g\nkambient    %g\nkdiffus     %g\nkspiegel    %g\nOe          %g\n",
+              m.alpha, m.kambient, m.kdiffus, m.kspiegel, m.Oe);
+  std::printf("oeInvPow    %g   (derived)\noeOffset    %g   (derived)\noePow       %g   (derived)\n",
+              m.oeInvPow, m.oeOffset, m.oePow);
+  std::printf("reserved    %u\nBits        %u\nTesttextur  %s\n", static_cast<unsigned>(m.reserved),
+              static_cast<unsigned>(m.Bits), texture.c_str());
+}
+
+bool parse_colour(const char* text, float (&rgb)[3]) {
+  char* end = nullptr;
+  for (int i = 0; i < 3; ++i) {
+    rgb[i] = std::strtof(text, &end);
+    if (end == text || *end != (i < 2 ? ',' : '\0')) return false;
+    text = end + 1;
+  }
+  return true;
+}
+
+// Sets one field by its file key; false for an unknown key or bad value.
+bool set_field(CQnMatFile& material, const char* key, const char* value) {
+  matTyp& m = *material.GetMaterialPtr();
+  struct Number {
+    const char* key;
+    float* field;
+  };
+  for (const Number& number : {Number{"kdiffus", &m.kdiffus}, Number{"kambient", &m.kambient},
+                               Number{"kspiegel", &m.kspiegel}, Number{"alpha", &m.alpha},
+                               Number{"Oe", &m.Oe}}) {
+    if (std::strcmp(key, number.key) != 0) continue;
+    char* end = nullptr;
+    *number.field = std::strtof(value, &end);
+    return end != value && *end == '\0';
+  }
+  if (std::strcmp(key, "Bits") == 0) {
+    char* end = nullptr;
+    m.Bits = static_cast<std::uint32_t>(std::strtoul(value, &end, 10));
+    return end != value && *end == '\0';
+  }
+  if (std::strcmp(key, "RGBDiffus") == 0) return parse_colour(value, m.RGBDiffus);
+  if (std::strcmp(key, "RGBSpiegel") == 0) return parse_colour(value, m.RGBSpiegel);
+  if (std::strcmp(key, "Name") == 0) {
+    material.SetLogName(value);
+    return *value != '\0';
+  }
+  if (std::strcmp(key, "Testtextur") == 0) {
+    material.SetTestTexturePath(value);
+    return true;
+  }
+  return false;
+}
+
+int run_mat(int argc, char** argv) {
+  const bool show = argc == 3 && std::strcmp(argv[1], "show") == 0;
+  const bool set = argc == 5 && std::strcmp(argv[1], "set") == 0;
+  if (!show && !set) return usage_error(kMat);
+  CQnMatFile material(argv[2]);
+  if (!material.IsLoaded()) {
+    std::fprintf(stderr, "qnutil mat: %s is no readable material file\n", argv[2]);
+    return 1;
+  }
+  if (show) {
+    print_material(material);
+    return 0;
+  }
+  if (!set_field(material, argv[3], argv[4])) return usage_error(kMat);
+  if (material.Write() == 1) return 0;
+  std::fprintf(stderr, "qnutil mat: cannot write %s\n", argv[2]);
+  return 1;
+}
+
+int demo_ini(const DemoContext& context) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::path drawing = context.output / "drawing.ini";
+  const fs::path glass = context.output / "glass.mat";
+  fs::copy_file(context.samples / "ini" / "drawing.ini", drawing, fs::copy_options::overwrite_existing, error);
+  fs::copy_file(context.samples / "ini" / "glass.mat", glass, fs::copy_options::overwrite_existing, error);
+  if (error) return 1;
+
+  MiniHandle ini = mini_open_ex(drawing.string().c_str(), 0);
+  if (!ini) return 1;
+  double zoom = 0, layers[8];
+  int count = 8;
+  char grid[16];
+  unsigned int length = sizeof grid - 1;
+  mini_read_double(ini, "View", "Zoom", &zoom);
+  mini_read_string(ini, "view", "GRID", grid, &length);
+  mini_read_doubles(ini, "View", "Layers", layers, &count);
+  std::printf("View: Zoom %g, Grid \"%s\", %d layers\n", zoom, grid, count);
+  FillStyleRec wall{};
+  mini_read_fillstyle(ini, "Styles", "Wall", &wall);
+  std::printf("Wall fill: style %u, colour 0x%06x\n", wall.style, static_cast<unsigned>(wall.color));
+  const PenStyleRec pen{2, 0.25f, 0x0000ff};
+  const double offsets[] = {0.5, 1.0, -2.75};
+  mini_write_penstyle(ini, "Styles", "Outline", &pen);
+  mini_write_doubles(ini, "View", "Offsets", offsets, 3);
+  mini_close(&ini);
+  std::printf("After writing a pen style and a number list, %s holds:\n", drawing.string().c_str());
+  std::fflush(stdout);
+  std::FILE* file = std::fopen(drawing.string().c_str(), "rb");
+  if (!file) return 1;
+  for (int c; (c = std::fgetc(file)) != EOF;) {
+    if (c != '\r') std::putchar(c);
+  }
+  std::fclose(file);
+
+  CQnMatFile material(glass.string());
+  std::printf("\nMaterial %s:\n", glass.string().c_str());
+  print_material(material);
+  return material.IsLoaded() ? 0 : 1;
+}
+
+const RegisterCommand registered_ini{kIni};
+const RegisterCommand registered_mat{kMat};
+const RegisterDemoStep demo{{35, "INI values, style records and a material", demo_ini}};
+
+}  // namespace
+}  // namespace qnutil_tool
