@@ -7,7 +7,6 @@ namespace qnutil::triangulation {
 namespace {
 
 constexpr double kDuplicateTolerance = 1e-5;
-constexpr EdgeRef kNoEdgeYet = 0xFFFFFFFFu;
 
 double squared_distance(const Point& a, const Point& b) {
   const double dx = a.x - b.x, dy = a.y - b.y;
@@ -18,7 +17,7 @@ double squared_distance(const Point& a, const Point& b) {
 
 DelaunayBuilder::DelaunayBuilder(const std::vector<Point>& vertices, VertexId a, VertexId b, VertexId c,
                                  const Point& points_min, const Point& points_max, std::size_t expected_points)
-    : vertices_(vertices), edge_from_(vertices.size(), kNoEdgeYet), index_(points_min, points_max, expected_points) {
+    : vertices_(vertices), index_(points_min, points_max, expected_points) {
   // A triangulation of k points has at most 3k - 6 edges; each point that
   // falls on an edge leaves one dead record behind.
   mesh_.reserve(3 * (expected_points + 3) + expected_points / 8 + 8);
@@ -28,9 +27,6 @@ DelaunayBuilder::DelaunayBuilder(const std::vector<Point>& vertices, VertexId a,
   const EdgeRef ca = mesh_.make_edge(c, vertices[c], a, vertices[a]);
   mesh_.splice(QuadEdgeMesh::sym(bc), ca);
   mesh_.splice(QuadEdgeMesh::sym(ca), ab);
-  edge_from_[a] = ab;
-  edge_from_[b] = bc;
-  edge_from_[c] = ca;
   starting_edge_ = ab;
 }
 
@@ -41,14 +37,14 @@ bool DelaunayBuilder::random_bit() {
   return (random_state_ & 1u) != 0;
 }
 
-// The walk starts at whichever is nearer: the vertex the index offers or
-// the vertex inserted last (inputs often arrive in spatial order).
+// The walk starts at whichever is nearer: the edge the index offers or the
+// vertex inserted last (inputs often arrive in spatial order).
 EdgeRef DelaunayBuilder::walk_start(const Point& p) const {
   const EdgeRef last = QuadEdgeMesh::sym(starting_edge_);
-  const VertexId indexed = index_.near(p);
+  const EdgeRef indexed = index_.near(p, mesh_);
   if (indexed == VertexIndex::kNone) return last;
   const double last_distance = squared_distance(mesh_.origin_point(last), p);
-  return squared_distance(vertices_[indexed], p) < last_distance ? edge_from_[indexed] : last;
+  return squared_distance(mesh_.origin_point(indexed), p) < last_distance ? indexed : last;
 }
 
 // Visibility walk: cross any edge that has p strictly on its far side. The
@@ -123,18 +119,17 @@ bool DelaunayBuilder::insert(VertexId v) {
     // two faces it separated.
     const EdgeRef on = e;
     e = mesh_.oprev(e);
-    delete_edge(on);
+    mesh_.delete_edge(on);
   }
   EdgeRef base = mesh_.make_edge(mesh_.origin(e), mesh_.origin_point(e), v, p);
   mesh_.splice(base, e);
   starting_edge_ = base;
-  edge_from_[v] = QuadEdgeMesh::sym(base);
   do {
     base = mesh_.connect(e, QuadEdgeMesh::sym(base));
     e = mesh_.oprev(base);
   } while (mesh_.lnext(e) != starting_edge_);
   restore_delaunay(v, e);
-  index_.add(v, p);
+  index_.add(QuadEdgeMesh::sym(starting_edge_), p);
   return true;
 }
 
@@ -148,7 +143,7 @@ void DelaunayBuilder::restore_delaunay(VertexId v, EdgeRef e) {
     const EdgeRef t = mesh_.oprev(e);
     const Point& far = mesh_.destination_point(t);
     if (orientation_of(e, far) < 0 && in_circle(mesh_.origin_point(e), far, mesh_.destination_point(e), p) > 0) {
-      swap(e);
+      mesh_.swap(e);
       e = mesh_.oprev(e);
     } else if (mesh_.onext(e) == starting_edge_) {
       return;
@@ -156,21 +151,6 @@ void DelaunayBuilder::restore_delaunay(VertexId v, EdgeRef e) {
       e = mesh_.lprev(mesh_.onext(e));
     }
   }
-}
-
-void DelaunayBuilder::keep_end_points_reachable(EdgeRef e) {
-  edge_from_[mesh_.origin(e)] = mesh_.oprev(e);
-  edge_from_[mesh_.destination(e)] = mesh_.oprev(QuadEdgeMesh::sym(e));
-}
-
-void DelaunayBuilder::delete_edge(EdgeRef e) {
-  keep_end_points_reachable(e);
-  mesh_.delete_edge(e);
-}
-
-void DelaunayBuilder::swap(EdgeRef e) {
-  keep_end_points_reachable(e);
-  mesh_.swap(e);
 }
 
 }  // namespace qnutil::triangulation

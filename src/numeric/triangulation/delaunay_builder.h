@@ -38,10 +38,6 @@ class DelaunayBuilder {
   bool left_face_contains(EdgeRef e, const Point& p) const;
   bool is_near_duplicate(const Point& p, EdgeRef face) const;
   void restore_delaunay(VertexId v, EdgeRef e);
-  // Mesh edits that keep every vertex's outgoing edge valid.
-  void delete_edge(EdgeRef e);
-  void swap(EdgeRef e);
-  void keep_end_points_reachable(EdgeRef e);
   int orientation_of(EdgeRef e, const Point& p) const {
     return orientation(mesh_.origin_point(e), mesh_.destination_point(e), p);
   }
@@ -50,7 +46,6 @@ class DelaunayBuilder {
   const std::vector<Point>& vertices_;
   QuadEdgeMesh mesh_;
   EdgeRef starting_edge_;             // the edge made by the last insertion
-  std::vector<EdgeRef> edge_from_;    // per vertex: an edge leaving it
   VertexIndex index_;
   std::uint32_t random_state_ = 0x9E3779B9u;
 };

@@ -31,20 +31,20 @@ VertexIndex::Cell VertexIndex::finest_cell(const Point& p) const {
   return {static_cast<std::size_t>(column), static_cast<std::size_t>(row)};
 }
 
-void VertexIndex::add(VertexId vertex, const Point& p) {
+void VertexIndex::add(EdgeRef edge, const Point& p) {
   const Cell cell = finest_cell(p);
   for (int level = finest_level_; level >= 0; --level) {
     const int shift = finest_level_ - level;
-    cells_[level_offset_[level] + ((cell.row >> shift) << level) + (cell.column >> shift)] = vertex;
+    cells_[level_offset_[level] + ((cell.row >> shift) << level) + (cell.column >> shift)] = edge;
   }
 }
 
-VertexId VertexIndex::near(const Point& p) const {
+EdgeRef VertexIndex::near(const Point& p, const QuadEdgeMesh& mesh) const {
   const Cell cell = finest_cell(p);
   for (int level = finest_level_; level >= 0; --level) {
     const int shift = finest_level_ - level;
-    const VertexId found = cells_[level_offset_[level] + ((cell.row >> shift) << level) + (cell.column >> shift)];
-    if (found != kNone) return found;
+    const EdgeRef found = cells_[level_offset_[level] + ((cell.row >> shift) << level) + (cell.column >> shift)];
+    if (found != kNone && mesh.alive(found >> 2)) return found;
   }
   return kNone;
 }

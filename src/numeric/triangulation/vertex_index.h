@@ -1,8 +1,10 @@
 // Where to start a point-location walk: a pyramid of square grids over the
-// points' bounding box, each cell remembering the last vertex inserted into
-// it. The finest level has about one cell per two points; while it is still
-// sparse, coarser levels answer, so the vertex returned is close to the query
-// at every stage of an insertion in arbitrary order.
+// points' bounding box, each cell remembering an edge made when the last
+// vertex in it was inserted. The finest level has about one cell per two
+// points; while it is still sparse, coarser levels answer, so the edge
+// returned is close to the query at every stage of an insertion in arbitrary
+// order. Later swaps may turn a remembered edge, but it stays in the same
+// neighbourhood; only deleted edges are passed over.
 #pragma once
 
 #include <cstddef>
@@ -15,14 +17,15 @@ namespace qnutil::triangulation {
 
 class VertexIndex {
  public:
-  static constexpr VertexId kNone = 0xFFFFFFFFu;
+  static constexpr EdgeRef kNone = 0xFFFFFFFFu;
 
   // Covers [min, max]; points outside are clamped to the border cells.
   VertexIndex(const Point& min, const Point& max, std::size_t expected_points);
 
-  void add(VertexId vertex, const Point& p);
-  // The most recent vertex in the finest non-empty cell containing p, or kNone.
-  VertexId near(const Point& p) const;
+  void add(EdgeRef edge, const Point& p);
+  // The most recent live edge of the finest cell containing p that has one,
+  // or kNone.
+  EdgeRef near(const Point& p, const QuadEdgeMesh& mesh) const;
 
  private:
   struct Cell {
@@ -36,7 +39,7 @@ class VertexIndex {
   double scale_y_ = 0.0;
   int finest_level_ = 0;
   std::vector<std::size_t> level_offset_;  // start of each level in cells_
-  std::vector<VertexId> cells_;
+  std::vector<EdgeRef> cells_;
 };
 
 }  // namespace qnutil::triangulation
