@@ -309,3 +309,49 @@ TEST(BmpEx, SaveAtEndOnAMissingFileCreatesNothing) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(BmpExOperations, NullHandleGivesZero) {
+  int width = 0;
+  EXPECT_EQ(bmpExGetSize(nullptr, &width, nullptr), 0);
+  EXPECT_EQ(bmpExCrop(nullptr, 0, 0, 1, 1), 0);
+  EXPECT_EQ(bmpExFlip(nullptr, 1), 0);
+  EXPECT_EQ(bmpExThreshold(nullptr, 1), 0);
+  EXPECT_EQ(bmpExBlur(nullptr), 0);
+  EXPECT_EQ(bmpExBrightness(nullptr, 1), 0);
+  EXPECT_EQ(bmpExContrast(nullptr, 1), 0);
+  EXPECT_EQ(bmpExTint(nullptr, 1), 0);
+  EXPECT_EQ(bmpExConvertHsi(nullptr, 1), 0);
+  EXPECT_EQ(bmpExDrawBitmap(nullptr, 0, 0, 1, 1, nullptr, 0, 0, 1, 1, 100, 0), 0);
+}
+
+TEST(BmpExOperations, ReachTheEngine) {
+  BmpSpec s;
+  s.width = 3, s.height = 2, s.bit_count = 24;
+  s.pixels = rows_24bit({0x010101, 0x020202, 0x030303, 0x040404, 0x050505, 0x060606}, 3, 2);
+  ScratchDir dir;
+  bmpExHandle image = new_image();
+  bmpExLoadFromBits(image, bmp_file(s).data());
+  int width = 0, height = 0;
+  EXPECT_EQ(bmpExGetSize(image, &width, &height), 1);
+  EXPECT_EQ(width, 3);
+  EXPECT_EQ(height, 2);
+  EXPECT_EQ(bmpExFlip(image, 1), 1);
+  EXPECT_EQ(decode_24bit(saved_bytes(image, dir)),
+            (std::vector<uint32_t>{0x030303, 0x020202, 0x010101, 0x060606, 0x050505, 0x040404}));
+  EXPECT_EQ(bmpExCrop(image, 1, 0, 2, 1), 1);  // top row (buffer row 1), columns 1 and 2
+  EXPECT_EQ(decode_24bit(saved_bytes(image, dir)), (std::vector<uint32_t>{0x050505, 0x040404}));
+  EXPECT_EQ(bmpExBrightness(image, 250), 1);
+  EXPECT_EQ(decode_24bit(saved_bytes(image, dir)), (std::vector<uint32_t>{0xFFFFFF, 0xFEFEFE}));
+  EXPECT_EQ(bmpExThreshold(image, 254), 1);  // 255 × 255 > 254 × 256 turns black
+  EXPECT_EQ(decode_24bit(saved_bytes(image, dir)), (std::vector<uint32_t>{0x000000, 0xFFFFFF}));
+  bmpExHandle overlay = new_image();
+  bmpExLoadFromBits(overlay, bmp_file(s).data());
+  // The source's bottom-left pixel (picture row 1), drawn into both pixels.
+  EXPECT_EQ(bmpExDrawBitmap(image, 0, 0, 1, 0, overlay, 0, 1, 0, 0, 100, 0), 1);
+  EXPECT_EQ(decode_24bit(saved_bytes(image, dir)), (std::vector<uint32_t>{0x010101, 0x010101}));
+  EXPECT_EQ(bmpExDrawBitmap(image, 0, 0, 1, 0, nullptr, 0, 0, 0, 0, 100, 0), 1);
+}
+
+}  // namespace
