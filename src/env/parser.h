@@ -58,12 +58,24 @@ class Parser {
     out.clear();
     if (c == terminator) return c;
     std::size_t chunk_start = 0, in_chunk = 0;
+    auto count = [&](std::size_t kept) {
+      // Every byte counted here was kept, so a boundary crossed lies
+      // within the bytes just appended.
+      in_chunk += kept;
+      if (in_chunk >= kChunk) {
+        in_chunk %= kChunk;
+        chunk_start = out.size() - in_chunk;
+      }
+    };
     while (c != terminator && c != kEndOfInput) {
-      if (c != 0) out.push_back(static_cast<char>(c));
-      if (++in_chunk == kChunk) {
+      if (c != 0) {
+        out.push_back(static_cast<char>(c));
+        count(1);
+      } else if (++in_chunk == kChunk) {
         chunk_start = out.size();
         in_chunk = 0;
       }
+      count(in_.take_plain(out, terminator));
       c = in_.get();
     }
     std::size_t end = out.size();

@@ -1,5 +1,6 @@
 // env_read and env_read_file.
 #include <cstdio>
+#include <string_view>
 
 #include "env/file_buffer.h"
 #include "env/parser.h"
@@ -54,6 +55,12 @@ class FileSource {
     }
     return b;
   }
+
+  std::string_view buffered() const {
+    return ended_ ? std::string_view() : std::string_view(buffer_.bytes.get() + pos_, held_ - pos_);
+  }
+  void skip(std::size_t n) { pos_ += n; }
+  static bool is_special(unsigned char b) { return b == kTextEnd || b == kSignedEndByte || b == '\r'; }
 
  private:
   bool refill() {

@@ -109,8 +109,10 @@ void ElementList::unlink(Element* element) {
   ++revision;
 }
 
-Element* new_element(std::string_view name) {
-  void* memory = ::operator new(sizeof(Element) + name.size() + 1);
+namespace {
+
+Element* allocate_element(std::string_view name, std::size_t extra) {
+  void* memory = ::operator new(sizeof(Element) + name.size() + 1 + extra);
   Element* element = new (memory) Element;
   char* name_bytes = reinterpret_cast<char*>(element + 1);
   if (!name.empty()) std::memcpy(name_bytes, name.data(), name.size());
@@ -119,6 +121,10 @@ Element* new_element(std::string_view name) {
   return element;
 }
 
+}  // namespace
+
+Element* new_element(std::string_view name) { return allocate_element(name, 0); }
+
 char* copy_text(std::string_view text) {
   char* copy = new char[text.size() + 1];
   if (!text.empty()) std::memcpy(copy, text.data(), text.size());
@@ -126,10 +132,16 @@ char* copy_text(std::string_view text) {
   return copy;
 }
 
+// Name and text share one allocation; a later change of the text moves it
+// to a heap copy of its own.
 Element* new_data(std::string_view name, std::string_view text) {
-  Element* element = new_element(name);
+  Element* element = allocate_element(name, text.size() + 1);
+  char* inline_text = reinterpret_cast<char*>(element + 1) + name.size() + 1;
+  if (!text.empty()) std::memcpy(inline_text, text.data(), text.size());
+  inline_text[text.size()] = '\0';
   element->kind = Kind::data;
-  element->value.text = copy_text(text);
+  element->value.text = inline_text;
+  element->inline_text = true;
   return element;
 }
 
@@ -141,8 +153,13 @@ Element* new_block(std::string_view name) {
 
 namespace {
 
+void free_text(Element* element) {
+  if (element->kind == Kind::data && !element->inline_text) delete[] element->value.text;
+  element->inline_text = false;
+}
+
 void release_header(Element* element) {
-  if (element->kind == Kind::data) delete[] element->value.text;
+  free_text(element);
   element->~Element();
   ::operator delete(element);
 }
@@ -169,9 +186,8 @@ void free_element(Element* element) {
 }
 
 void clear_content(Element* element) {
-  if (element->kind == Kind::data) {
-    delete[] element->value.text;
-  } else if (element->kind == Kind::block) {
+  free_text(element);
+  if (element->kind == Kind::block) {
     delete element->value.list;
   }
   element->value.text = nullptr;

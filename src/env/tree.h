@@ -26,6 +26,7 @@ struct Element {
     std::uint32_t external;
   } value{};
   std::uint32_t name_length = 0;
+  bool inline_text = false;  // data text stored in the element's own allocation
 
   std::string_view name() const {
     return {reinterpret_cast<const char*>(this + 1), name_length};
