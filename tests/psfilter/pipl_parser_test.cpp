@@ -29,7 +29,7 @@ constexpr std::uint32_t kX64 = four_char_code("8664");
 std::optional<std::string> read(const std::vector<unsigned char>& bytes, PiplTexts& texts,
                                 std::uint32_t entryKey = kX86) {
   auto block = std::make_unique<unsigned char[]>(bytes.size() + 1);
-  std::memcpy(block.get(), bytes.data(), bytes.size());
+  if (!bytes.empty()) std::memcpy(block.get(), bytes.data(), bytes.size());
   return read_pipl(block.get(), bytes.size(), entryKey, texts);
 }
 
