@@ -91,61 +91,59 @@ INSTANTIATE_TEST_SUITE_P(
         RegionCase{"TallStripes", 3, 700, [](int x, int) { return x == 1 ? kKey : 0x808080u; }}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST(RegionFromBitmapShapes, NoKeyGivesTheWholeBitmap) {
-  const Pixels pixels(12, 0x00FF00FE);
-  PictureBitmap bitmap(4, 3, pixels);
-  const HRGN region = QnUtil_CreateRegionFromBitmap(bitmap.get(), kKey);
-  ASSERT_NE(region, nullptr);
-  const auto rects = rectangles_of(region);
-  ASSERT_EQ(rects.size(), 1u);
-  EXPECT_EQ(rects[0].left, 0);
-  EXPECT_EQ(rects[0].top, 0);
-  EXPECT_EQ(rects[0].right, 4);
-  EXPECT_EQ(rects[0].bottom, 3);
-  DeleteObject(region);
-}
-
-TEST(RegionFromBitmapShapes, AllKeyGivesAnEmptyRegion) {
-  const Pixels pixels(6, kKey);
-  PictureBitmap bitmap(3, 2, pixels);
-  const HRGN region = QnUtil_CreateRegionFromBitmap(bitmap.get(), kKey);
-  ASSERT_NE(region, nullptr);
-  RECT box;
-  EXPECT_EQ(GetRgnBox(region, &box), NULLREGION);
-  DeleteObject(region);
-}
-
-TEST(RegionFromBitmapShapes, ExactlyTwoThousandRectanglesFlushOnceAndMergeTheEmptyRest) {
-  // 20 runs in each of 100 rows.
+struct ShapeCase {
+  const char* name;
+  int width;
+  int height;
   Pixels pixels;
-  for (int y = 0; y < 100; ++y)
-    for (int x = 0; x < 40; ++x) pixels.push_back(x % 2 ? kKey : 0x00000002u);
-  PictureBitmap bitmap(40, 100, pixels);
-  const HRGN region = QnUtil_CreateRegionFromBitmap(bitmap.get(), kKey);
-  ASSERT_NE(region, nullptr);
-  expect_region_matches(region, 40, 100, pixels, kKey);
-  // Identical runs in every row merge into one rectangle per column run.
-  EXPECT_EQ(rectangles_of(region).size(), 20u);
-  DeleteObject(region);
+  std::vector<RECT> expected;  // as the system stores the region
+};
+
+Pixels repeated_rows(int height, const Pixels& row) {
+  Pixels pixels;
+  for (int y = 0; y < height; ++y) pixels.insert(pixels.end(), row.begin(), row.end());
+  return pixels;
 }
 
-TEST(RegionFromBitmapShapes, OnePixelHighRowsLieAtTheTop) {
-  const Pixels pixels{1, kKey, 1, 1, kKey};
-  PictureBitmap bitmap(5, 1, pixels);
+ShapeCase two_thousand_rectangles() {
+  // 20 runs in each of 100 rows: one flush during the scan, then an empty
+  // final batch merged in. Runs that repeat in every row merge into one
+  // rectangle per column run.
+  Pixels row;
+  std::vector<RECT> columns;
+  for (LONG x = 0; x < 40; ++x) {
+    row.push_back(x % 2 ? kKey : 0x00000002u);
+    if (x % 2 == 0) columns.push_back(RECT{x, 0, x + 1, 100});
+  }
+  return {"ExactlyTwoThousandRectangles", 40, 100, repeated_rows(100, row), columns};
+}
+
+class RegionShapes : public testing::TestWithParam<ShapeCase> {};
+
+TEST_P(RegionShapes, GivesTheseRectangles) {
+  const ShapeCase& c = GetParam();
+  PictureBitmap bitmap(c.width, c.height, c.pixels);
   const HRGN region = QnUtil_CreateRegionFromBitmap(bitmap.get(), kKey);
   ASSERT_NE(region, nullptr);
   const auto rects = rectangles_of(region);
-  ASSERT_EQ(rects.size(), 2u);
-  EXPECT_EQ(rects[0].left, 0);
-  EXPECT_EQ(rects[0].right, 1);
-  EXPECT_EQ(rects[1].left, 2);
-  EXPECT_EQ(rects[1].right, 4);
-  for (const RECT& rect : rects) {
-    EXPECT_EQ(rect.top, 0);
-    EXPECT_EQ(rect.bottom, 1);
-  }
+  ASSERT_EQ(rects.size(), c.expected.size());
+  for (size_t i = 0; i < rects.size(); ++i)
+    EXPECT_TRUE(EqualRect(&rects[i], &c.expected[i]))
+        << i << ": " << rects[i].left << "," << rects[i].top << "," << rects[i].right << ","
+        << rects[i].bottom;
+  expect_region_matches(region, c.width, c.height, c.pixels, kKey);
   DeleteObject(region);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, RegionShapes,
+    testing::Values(ShapeCase{"NoKeyGivesTheWholeBitmap", 4, 3, Pixels(12, 0x00FF00FE),
+                              {RECT{0, 0, 4, 3}}},
+                    ShapeCase{"AllKeyGivesAnEmptyRegion", 3, 2, Pixels(6, kKey), {}},
+                    two_thousand_rectangles(),
+                    ShapeCase{"OnePixelHighRowsLieAtTheTop", 5, 1, Pixels{1, kKey, 1, 1, kKey},
+                              {RECT{0, 0, 1, 1}, RECT{2, 0, 4, 1}}}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 // The key is 0x00RRGGBB: a COLORREF of pure red names pure blue pixels.
 TEST(RegionFromBitmapKey, ComparedWithRedAndBlueExchangedAgainstAColorref) {
