@@ -57,7 +57,8 @@ class QNUTIL_API CQnIniFile {
 
  private:
   std::string m_path;
-  unsigned int m_writable;
+  // 1 when bound for writing; kept and copied, never consulted.
+  [[maybe_unused]] unsigned int m_writable;
 };
 
 #endif /* QNUTIL_CQNINIFILE_H */
