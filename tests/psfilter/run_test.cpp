@@ -161,6 +161,20 @@ TEST_F(Progress, WithoutCallbackTheRunIsNeverCancelled) {
   EXPECT_EQ(outcome.trace, "123");
 }
 
+TEST_F(Progress, CallbacksOutsideARunAnswerAsStopped) {
+  LoadedFilter filter("progress");
+  ASSERT_TRUE(run(filter.get(), pattern_image(3, 2), false, record_progress, 4711).ok);
+  log_.fractions.clear();
+  // The plug-in is loaded already; this only borrows it.
+  HMODULE module = LoadLibraryA(plugin_path("progress").c_str());
+  ASSERT_NE(module, nullptr);
+  auto probe = reinterpret_cast<int (*)()>(reinterpret_cast<void*>(GetProcAddress(module, "ProbeCallbacksOutsideRun")));
+  ASSERT_NE(probe, nullptr);
+  EXPECT_EQ(probe(), 3);
+  EXPECT_TRUE(log_.fractions.empty());  // the caller's progress callback is not called
+  FreeLibrary(module);
+}
+
 TEST(Suites, BufferAndHandleSuitesServeHostAndPluginMemory) {
   LoadedFilter filter("suites");
   const Image source = pattern_image(5, 4);
