@@ -170,6 +170,46 @@ QNUTIL_API int QNUTIL_CALL fio_seek(QnUtilFioFile* file, long offset, int origin
 /** The stream position, or -1 for a null handle. */
 QNUTIL_API long QNUTIL_CALL fio_tell(QnUtilFioFile* file);
 
+/**
+ * Finds a file through the host's configuration file (the first of mb9.ini
+ * ... mb1.ini, mb.ini, mb65535.ini ... mb10.ini found in the current folder, the
+ * folder named by the environment variable MB, or the root of the system
+ * drive - "C:\\" on Windows, "/" on POSIX). out holds QNUTIL_PATH_SIZE bytes.
+ * - name null: out = the configuration file's path.
+ * - name present in the current folder: out = that path (composed, so
+ *   lower-cased on Windows); else present in the MB folder: out = that path.
+ * - section or key null or empty: out = the configuration file's path,
+ *   composed (deliberately not name).
+ * - else the value of key in section is a ';'-separated list of folders and
+ *   out = the first folder's path that holds name; a missing key reads as
+ *   the one folder "_TheDefault_".
+ * Returns 0, or -1 when nothing was found, the value is empty or out is null.
+ */
+QNUTIL_API int QNUTIL_CALL QnUtil_MB_SucheDatei(const char* section, const char* key,
+                                                const char* name, char* out);
+
+/**
+ * Reads the folder stored under key in section of the configuration file
+ * into out (QNUTIL_PATH_SIZE bytes, composed and so lower-cased on
+ * Windows). Returns 0, or -1 after reporting "Es konnte keine mb.ini
+ * (mb[1-9].ini) gefunden werden!" (no configuration file) or "Sektion
+ * <section> oder Eintrag <key> in <file> nicht gefunden!" (empty value)
+ * through QnUtil_Message (unit "qnutilmisc"); -1 silently for a null out.
+ */
+QNUTIL_API int QNUTIL_CALL QnUtil_MB_SuchePfad(const char* section, const char* key, char* out);
+
+/**
+ * Reads the value of key in section of the INI file file into buf; *len is
+ * buf's size. A missing key reads as "_TheDefault_". When the value is
+ * shorter than *len - 1 it is copied and the rest of the *len - 1 bytes
+ * zero-filled, *len unchanged; otherwise *len is set to the value's length
+ * and the whole value with its terminator is copied: buf must have room
+ * for the longest value the caller expects. Returns 0, 6 for an empty
+ * value, -1 when file, buf or len is null.
+ */
+QNUTIL_API int QNUTIL_CALL QnUtil_MB_IniReadString(const char* file, const char* section,
+                                                   const char* key, char* buf, int* len);
+
 QNUTIL_EXTERN_C_END
 
 #endif /* QNUTIL_FILES_H */

@@ -66,7 +66,8 @@ void describe(const std::string& folder, const char* name, FoundEntry& entry) {
   entry.hidden = name[0] == '.' && std::strcmp(name, ".") != 0 && std::strcmp(name, "..") != 0;
   // Files count as changed since the last backup, as Windows marks them.
   entry.archive = !entry.folder;
-  entry.size = static_cast<std::uint32_t>(info.st_size);
+  // Windows reports no size for folders; neither does the listing here.
+  entry.size = entry.folder ? 0 : static_cast<std::uint32_t>(info.st_size);
   // Times before 1970 are unknown to the listing, as to the Windows run-time.
   entry.mtime = info.st_mtime < 0 ? -1 : static_cast<std::int64_t>(info.st_mtime);
 }

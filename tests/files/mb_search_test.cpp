@@ -1,0 +1,232 @@
+// The configuration-file search and the lookups through it. Each test runs
+// in a fresh current folder with MB pointing to a fresh folder (or unset).
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "qnutil/qnutil.h"
+#include "support/test_support.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using qnutil_test::MessageCapture;
+using qnutil_test::ScratchDir;
+using qnutil_test::write_file;
+
+#ifdef _WIN32
+constexpr char kRoot[] = "C:\\";
+constexpr char kSep[] = "\\";
+void set_mb(const char* value) { _putenv_s("MB", value != nullptr ? value : ""); }
+#else
+constexpr char kRoot[] = "/";
+constexpr char kSep[] = "/";
+void set_mb(const char* value) {
+  if (value != nullptr) {
+    setenv("MB", value, 1);
+  } else {
+    unsetenv("MB");
+  }
+}
+#endif
+
+std::string makepath(const std::string& sub, const std::string& file) {
+  char out[QNUTIL_PATH_SIZE];
+  return QnUtil_Makepath(out, "", sub.c_str(), file.c_str());
+}
+
+class MbSearch : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    QnUtilDirEntry* found = nullptr;
+    unsigned count = 0;
+    if (QnUtil_Listdir(kRoot, "mb*.ini", 0, &found, &count) == 0) {
+      QnUtil_FreeEntries(&found);
+      GTEST_SKIP() << "a configuration file at " << kRoot << " would be found first";
+    }
+    const char* mb = std::getenv("MB");
+    if (mb != nullptr) saved_mb_ = mb;
+    had_mb_ = mb != nullptr;
+    saved_cwd_ = fs::current_path();
+    fs::current_path(work_.path());
+    cwd_ = fs::current_path().string();
+    set_mb(nullptr);
+  }
+  void TearDown() override {
+    if (saved_cwd_.empty()) return;
+    fs::current_path(saved_cwd_);
+    set_mb(had_mb_ ? saved_mb_.c_str() : nullptr);
+  }
+
+  void use_mb_folder() { set_mb(mb_.path().string().c_str()); }
+  std::string mb_folder() const { return mb_.path().string(); }
+
+  // A configuration file mb.ini in the current folder with one section.
+  std::string write_configuration(const std::string& section_body) {
+    write_file(work_.file("mb.ini"), "[Pfade]\r\n" + section_body);
+    return cwd_ + kSep + "mb.ini";
+  }
+
+  static std::string configuration_file() {
+    char out[QNUTIL_PATH_SIZE] = "untouched";
+    if (QnUtil_MB_SucheDatei(nullptr, nullptr, nullptr, out) != 0) return "-1";
+    return out;
+  }
+
+  ScratchDir work_;
+  ScratchDir mb_;
+  std::string cwd_;
+
+ private:
+  fs::path saved_cwd_;
+  std::string saved_mb_;
+  bool had_mb_ = false;
+};
+
+TEST_F(MbSearch, HigherNumberedNameWinsBeforeThePlace) {
+  write_file(work_.file("mb3.ini"), "");
+  write_file(mb_.file("mb.ini"), "");
+  use_mb_folder();
+  // The current folder's candidate is joined as it stands, not composed.
+  EXPECT_EQ(configuration_file(), cwd_ + kSep + "mb3.ini");
+  write_file(mb_.file("mb5.ini"), "");
+  EXPECT_EQ(configuration_file(), makepath(mb_folder(), "mb5.ini"));
+}
+
+TEST_F(MbSearch, CurrentFolderComesBeforeTheMbFolder) {
+  write_file(work_.file("mb.ini"), "");
+  write_file(mb_.file("mb.ini"), "");
+  use_mb_folder();
+  EXPECT_EQ(configuration_file(), cwd_ + kSep + "mb.ini");
+}
+
+TEST_F(MbSearch, RootOfTheSystemDriveIsTheLastPlace) {
+  const std::string root_file = std::string(kRoot) + "mb.ini";
+  write_file(root_file, "");
+  if (!fs::exists(root_file)) GTEST_SKIP() << kRoot << " is not writable";
+  EXPECT_EQ(configuration_file(), root_file);
+  fs::remove(root_file);
+}
+
+// One full round of all 65536 names in all three places.
+TEST_F(MbSearch, MissingConfigurationIsReported) {
+  MessageCapture capture;
+  char out[QNUTIL_PATH_SIZE] = "untouched";
+  EXPECT_EQ(QnUtil_MB_SuchePfad("Pfade", "daten", out), -1);
+  EXPECT_STREQ(out, "untouched");
+  ASSERT_EQ(capture.boxes().size(), 1u);
+  EXPECT_EQ(capture.boxes()[0].text, "Es konnte keine mb.ini (mb[1-9].ini) gefunden werden!");
+  EXPECT_EQ(capture.boxes()[0].caption, "MESSAGE in \"qnutilmisc\" line 75:");
+}
+
+TEST_F(MbSearch, FindsTheFileItselfInTheCurrentOrMbFolder) {
+  write_file(work_.file("Here.dat"), "");
+  write_file(mb_.file("there.dat"), "");
+  use_mb_folder();
+  char out[QNUTIL_PATH_SIZE];
+  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "Here.dat", out), 0);
+  EXPECT_EQ(std::string(out), makepath(cwd_, "Here.dat"));
+  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "there.dat", out), 0);
+  EXPECT_EQ(std::string(out), makepath(mb_folder(), "there.dat"));
+}
+
+TEST_F(MbSearch, SearchesTheListedFoldersInOrder) {
+  ScratchDir first, second, third;
+  write_file(second.file("wanted.dat"), "2");
+  write_file(third.file("wanted.dat"), "3");
+  write_configuration("liste=" + first.path().string() + ";;" + second.path().string() + ";" +
+                      third.path().string() + "\r\nleer=\r\n");
+  char out[QNUTIL_PATH_SIZE];
+  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "wanted.dat", out), 0);
+  EXPECT_EQ(std::string(out), makepath(second.path().string(), "wanted.dat"));
+  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "absent.dat", out), -1);
+  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "leer", "wanted.dat", out), -1);
+}
+
+TEST_F(MbSearch, WithoutSectionOrKeyAnswersTheConfigurationFile) {
+  const std::string configuration = write_configuration("");
+  char out[QNUTIL_PATH_SIZE];
+  for (const char* section : {static_cast<const char*>(nullptr), "", "Pfade"}) {
+    const char* key = section != nullptr && *section != '\0' ? "" : "liste";
+    EXPECT_EQ(QnUtil_MB_SucheDatei(section, key, "absent.dat", out), 0);
+    EXPECT_EQ(std::string(out), makepath("", configuration));
+  }
+}
+
+// A missing key reads as "_TheDefault_", looked up as a folder like any value.
+TEST_F(MbSearch, MissingKeySearchesTheMarkerFolder) {
+  write_configuration("");
+  fs::create_directory(work_.path() / "_TheDefault_");
+  write_file(work_.file("_TheDefault_/inside.dat"), "");
+  char out[QNUTIL_PATH_SIZE];
+  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "fehlt", "inside.dat", out), 0);
+  EXPECT_EQ(std::string(out), makepath("_TheDefault_", "inside.dat"));
+}
+
+TEST_F(MbSearch, ReadsAFolderFromTheConfiguration) {
+#ifdef _WIN32
+  const std::string configuration = write_configuration("daten=D:\\Daten\\Bilder\r\nleer=\r\n");
+  const char* expected = "d:\\daten\\bilder";
+#else
+  const std::string configuration = write_configuration("daten=/Daten/Bilder\r\nleer=\r\n");
+  const char* expected = "/Daten/Bilder";
+#endif
+  MessageCapture capture;
+  char out[QNUTIL_PATH_SIZE];
+  EXPECT_EQ(QnUtil_MB_SuchePfad("Pfade", "daten", out), 0);
+  EXPECT_STREQ(out, expected);
+  EXPECT_TRUE(capture.boxes().empty());
+
+  EXPECT_EQ(QnUtil_MB_SuchePfad("Pfade", "leer", out), -1);
+  ASSERT_EQ(capture.boxes().size(), 1u);
+  EXPECT_EQ(capture.boxes()[0].text,
+            "Sektion Pfade oder Eintrag leer in " + configuration + " nicht gefunden!");
+  EXPECT_EQ(capture.boxes()[0].caption, "MESSAGE in \"qnutilmisc\" line 92:");
+  EXPECT_EQ(QnUtil_MB_SuchePfad("Pfade", "daten", nullptr), -1);
+}
+
+struct ReadCase {
+  const char* key;
+  int len;
+  int result;
+  int len_after;
+  std::string written;  // bytes written to the start of the buffer
+};
+
+class MbIniReadString : public ::testing::TestWithParam<ReadCase> {};
+
+TEST_P(MbIniReadString, CopiesOrReportsTheLength) {
+  ScratchDir dir;
+  write_file(dir.file("x.ini"), "[S]\r\nnine=123456789\r\nempty=\r\n");
+  const ReadCase& c = GetParam();
+  constexpr std::size_t kBufferSize = 24;
+  std::string buf(kBufferSize, '#');
+  int len = c.len;
+  EXPECT_EQ(QnUtil_MB_IniReadString(dir.file("x.ini").c_str(), "S", c.key, buf.data(), &len), c.result);
+  EXPECT_EQ(len, c.len_after);
+  EXPECT_EQ(buf, c.written + std::string(kBufferSize - c.written.size(), '#'));
+}
+
+using namespace std::string_literals;
+
+INSTANTIATE_TEST_SUITE_P(
+    Lengths, MbIniReadString,
+    ::testing::Values(
+        // No room for more: the length is reported and the value still copied.
+        ReadCase{"nine", 10, 0, 9, "123456789\0"s}, ReadCase{"nine", 5, 0, 9, "123456789\0"s},
+        // Room to spare: the len - 1 bytes are zero-filled.
+        ReadCase{"nine", 12, 0, 12, "123456789\0\0"s},
+        ReadCase{"missing", 20, 0, 20, "_TheDefault_\0\0\0\0\0\0\0"s},
+        ReadCase{"empty", 12, 6, 12, ""}));
+
+TEST(MbIniReadStringArguments, NullsFail) {
+  char buf[8];
+  int len = 8;
+  EXPECT_EQ(QnUtil_MB_IniReadString(nullptr, "S", "k", buf, &len), -1);
+  EXPECT_EQ(QnUtil_MB_IniReadString("x.ini", "S", "k", nullptr, &len), -1);
+  EXPECT_EQ(QnUtil_MB_IniReadString("x.ini", "S", "k", buf, nullptr), -1);
+}
+
+}  // namespace
