@@ -1,5 +1,7 @@
 #include "numeric/triangulation/quad_edge.h"
 
+#include <stdexcept>
+
 namespace qnutil::triangulation {
 
 void QuadEdgeMesh::set_end_points(EdgeRef e, VertexId from, const Point& p, VertexId to, const Point& q) {
@@ -12,6 +14,8 @@ void QuadEdgeMesh::set_end_points(EdgeRef e, VertexId from, const Point& p, Vert
 }
 
 EdgeRef QuadEdgeMesh::make_edge(VertexId from, const Point& p, VertexId to, const Point& q) {
+  // Edge references are 32-bit: four per record.
+  if (records_.size() >= (std::size_t{1} << 30)) throw std::length_error("quad-edge records exhausted");
   const auto e = static_cast<EdgeRef>(records_.size() * 4);
   // The primal directions start as their own rings; the dual ones as each
   // other's, which describes a lone edge with one face around it.

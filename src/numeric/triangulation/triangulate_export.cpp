@@ -1,6 +1,7 @@
 // The exported pair: the run's triangles handed over in one array that only
 // FreeTriangs releases.
 #include <algorithm>
+#include <limits>
 #include <new>
 #include <vector>
 
@@ -16,6 +17,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL Triangulieren(int n, unsigned int nb, cons
   return qnutil::frame::guard_export(0, [&] {
     const std::vector<float> corners = qnutil::triangulation::triangulate(n, nb, points);
     const std::size_t triangle_count = corners.size() / 6;
+    if (triangle_count > std::numeric_limits<unsigned int>::max()) return 0;
     // An empty result is still an array of its own (new[] of zero elements).
     float* array = new (std::nothrow) float[triangle_count * 6];
     if (array == nullptr) return 0;
