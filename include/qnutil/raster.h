@@ -71,9 +71,9 @@ QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits(bmpExHandle handle, const void* bit
  *  starts with the 40-byte info header (a packed DIB). */
 QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits2(bmpExHandle handle, const void* bits, int hasFileHeader);
 
-/** Loads from separately supplied headers (both read before anything else
- *  and must not be null) and the palette-and-pixels data (null does
- *  nothing). */
+/** Loads from separately supplied headers (both copied before anything
+ *  else; a null one does nothing) and the palette-and-pixels data (null
+ *  does nothing). */
 QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits3(bmpExHandle handle, const QnBmpFileHeader* fileHeader,
                                               const QnBmpInfoHeader* infoHeader, const void* data);
 

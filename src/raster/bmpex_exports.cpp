@@ -57,6 +57,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits2(bmpExHandle handle, con
 extern "C" QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits3(bmpExHandle handle, const QnBmpFileHeader* fileHeader,
                                                          const QnBmpInfoHeader* infoHeader, const void* data) {
   if (!handle) return 0;
+  // Missing headers describe nothing to load; the object stays as it was.
+  if (!fileHeader || !infoHeader) return 1;
   // The headers are taken by value before the loader runs, as callers have
   // always been able to rely on.
   const QnBmpFileHeader file = *fileHeader;

@@ -34,6 +34,15 @@ std::string saved_bytes(bmpExHandle handle, const ScratchDir& dir) {
   return read_file(path);
 }
 
+// An object holding one pixel, 0x030201.
+bmpExHandle one_pixel_image() {
+  BmpSpec s;
+  s.pixels = std::string("\x01\x02\x03\x00", 4);
+  bmpExHandle handle = new_image();
+  bmpExLoadFromBits(handle, bmp_file(s).data());
+  return handle;
+}
+
 std::vector<uint32_t> loaded_pixels(const std::string& file) {
   ScratchDir dir;
   write_file(dir.path() / "in.bmp", file);
@@ -61,6 +70,8 @@ TEST(BmpEx, EmptyObjectSavesNothingButSucceeds) {
   EXPECT_EQ(saved_bytes(handle, dir), "");
   EXPECT_EQ(bmpExLoad(handle, nullptr), 1);
   EXPECT_EQ(bmpExLoadFromBits(handle, nullptr), 1);
+  QnBmpInfoHeader info{};
+  EXPECT_EQ(bmpExLoadFromBits3(handle, nullptr, &info, "data"), 1);
 }
 
 struct DepthCase {
@@ -199,21 +210,15 @@ TEST(BmpEx, LowDepthFilesLeaveTheObjectEmpty) {
     low.pixels = std::string(4, '\x55');
     ScratchDir dir;
     write_file(dir.path() / "low.bmp", bmp_file(low));
-    BmpSpec good;
-    good.pixels = std::string("\x01\x02\x03\x00", 4);
-    bmpExHandle handle = new_image();
-    bmpExLoadFromBits(handle, bmp_file(good).data());
+    bmpExHandle handle = one_pixel_image();
     EXPECT_EQ(bmpExLoad(handle, dir.file("low.bmp").c_str()), 1);
     EXPECT_EQ(saved_bytes(handle, dir), "") << "depth " << depth;
   }
 }
 
 TEST(BmpEx, MissingFileKeepsThePreviousImage) {
-  BmpSpec s;
-  s.pixels = std::string("\x01\x02\x03\x00", 4);
   ScratchDir dir;
-  bmpExHandle handle = new_image();
-  bmpExLoadFromBits(handle, bmp_file(s).data());
+  bmpExHandle handle = one_pixel_image();
   EXPECT_EQ(bmpExLoad(handle, dir.file("missing.bmp").c_str()), 1);
   EXPECT_EQ(decode_24bit(saved_bytes(handle, dir)), std::vector<uint32_t>{0x030201});
 }
@@ -298,11 +303,8 @@ TEST(BmpEx, SaveAtEndAppendsToAnExistingFile) {
 }
 
 TEST(BmpEx, SaveAtEndOnAMissingFileCreatesNothing) {
-  BmpSpec s;
-  s.pixels = std::string("\x01\x02\x03\x00", 4);
   ScratchDir dir;
-  bmpExHandle handle = new_image();
-  bmpExLoadFromBits(handle, bmp_file(s).data());
+  bmpExHandle handle = one_pixel_image();
   EXPECT_EQ(bmpExSaveAtEnd(handle, dir.file("missing.bin").c_str()), 1);
   EXPECT_FALSE(std::filesystem::exists(dir.path() / "missing.bin"));
   EXPECT_EQ(decode_24bit(saved_bytes(handle, dir)), std::vector<uint32_t>{0x030201});
