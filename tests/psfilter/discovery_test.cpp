@@ -47,7 +47,9 @@ TEST_P(PluginDiscovery, AcceptsOnlyUsableFilterLists) {
 INSTANTIATE_TEST_SUITE_P(
     Modules, PluginDiscovery,
     ::testing::Values(Discovery{"invert", true, "Invert"}, Discovery{"version_3_1", true, "Accept"},
-                      Discovery{"two_lists", true, "Second"}, Discovery{"long_entry", true, "Long Name"},
+                      Discovery{"two_lists", true, "Second"},
+                      // A list abandoned late leaves its texts to the next one.
+                      Discovery{"texts_carried", true, "Carried"}, Discovery{"long_entry", true, "Long Name"},
                       Discovery{"kind_other", false, nullptr}, Discovery{"version_4_1", false, nullptr},
                       Discovery{"version_5_0", false, nullptr}, Discovery{"no_category", false, nullptr},
                       Discovery{"no_name", false, nullptr}, Discovery{"missing_entry", false, nullptr},
