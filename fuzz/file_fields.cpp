@@ -42,7 +42,8 @@ void open_with_header(const std::uint8_t* data, std::size_t size) {
   const std::string path = folder + "/" + name;
   FILE* file = std::fopen(path.c_str(), "wb");
   if (file == nullptr) return;
-  std::fwrite(data, 1, size, file);
+  // The header decides on the first 16 bytes; a short tail is enough.
+  std::fwrite(data, 1, size < 64 ? size : 64, file);
   std::fclose(file);
   if (QnUtilFioFile* fio = fio_open(folder.c_str(), name.c_str(), QNUTIL_FIO_READ | QNUTIL_FIO_HEADER)) {
     unsigned char byte;
