@@ -1,54 +1,103 @@
 #include "env/name_index.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace qnutil::env {
+namespace {
+
+std::size_t hash_of(std::string_view name) { return std::hash<std::string_view>{}(name); }
+
+}  // namespace
 
 NameIndex::NameIndex(const ElementList& list) {
-  groups_.reserve(static_cast<std::size_t>(list.count));
+  std::size_t capacity = 64;
+  while (capacity < 2 * static_cast<std::size_t>(list.count)) capacity *= 2;
+  slots_.resize(capacity);
   for (Element* e = list.first; e; e = e->next) add_last(e);
 }
 
+// The slot holding `name`, or the empty slot where it would go.
+std::size_t NameIndex::slot_of(std::string_view name, std::size_t hash) const {
+  const std::size_t mask = slots_.size() - 1;
+  for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+    const Slot& slot = slots_[i];
+    if (!slot.first || (slot.hash == hash && slot.first->name() == name)) return i;
+  }
+}
+
 Element* NameIndex::find(std::string_view name, long n, long& present) const {
-  const auto it = groups_.find(name);
-  if (it == groups_.end()) {
+  const Slot& slot = slots_[slot_of(name, hash_of(name))];
+  if (!slot.first) {
     present = 0;
     return nullptr;
   }
-  const Group& group = it->second;
-  present = 1 + static_cast<long>(group.more.size());
-  if (n == 1) return group.first;
+  const auto more = more_.find(slot.first);
+  const std::vector<Element*>* later = more == more_.end() ? nullptr : &more->second;
+  present = 1 + (later ? static_cast<long>(later->size()) : 0);
+  if (n == 1) return slot.first;
   if (n < 1 || n > present) return nullptr;
-  return group.more[static_cast<std::size_t>(n - 2)];
+  return (*later)[static_cast<std::size_t>(n - 2)];
 }
 
 void NameIndex::add_last(Element* element) {
-  auto [it, added] = groups_.try_emplace(element->name());
-  if (added)
-    it->second.first = element;
-  else
-    it->second.more.push_back(element);
+  if (2 * (used_ + 1) > slots_.size()) grow();
+  const std::size_t hash = hash_of(element->name());
+  Slot& slot = slots_[slot_of(element->name(), hash)];
+  if (slot.first) {
+    more_[slot.first].push_back(element);
+    return;
+  }
+  slot = {hash, element};
+  ++used_;
+}
+
+void NameIndex::grow() {
+  std::vector<Slot> old(slots_.size() * 2);
+  old.swap(slots_);
+  for (const Slot& slot : old)
+    if (slot.first) slots_[slot_of(slot.first->name(), slot.hash)] = slot;
 }
 
 void NameIndex::remove(Element* element) {
-  const auto it = groups_.find(element->name());
-  if (it == groups_.end()) return;
-  Group& group = it->second;
-  if (group.first != element) {
-    const auto pos = std::find(group.more.begin(), group.more.end(), element);
-    if (pos != group.more.end()) group.more.erase(pos);
+  const std::size_t index = slot_of(element->name(), hash_of(element->name()));
+  Slot& slot = slots_[index];
+  if (!slot.first) return;
+  const auto more = more_.find(slot.first);
+  if (slot.first != element) {
+    if (more == more_.end()) return;
+    auto& later = more->second;
+    const auto pos = std::find(later.begin(), later.end(), element);
+    if (pos != later.end()) later.erase(pos);
+    if (later.empty()) more_.erase(more);
     return;
   }
-  if (group.more.empty()) {
-    groups_.erase(it);
+  if (more == more_.end()) {
+    erase_slot(index);
     return;
   }
-  // The key views the leaving element's name: re-key on the new first one.
-  auto node = groups_.extract(it);
-  node.mapped().first = node.mapped().more.front();
-  node.mapped().more.erase(node.mapped().more.begin());
-  node.key() = node.mapped().first->name();
-  groups_.insert(std::move(node));
+  // The second occurrence becomes the first.
+  std::vector<Element*> later = std::move(more->second);
+  more_.erase(more);
+  slot.first = later.front();
+  later.erase(later.begin());
+  if (!later.empty()) more_[slot.first] = std::move(later);
+}
+
+// Backward-shift deletion keeps every probe sequence unbroken without
+// tombstones.
+void NameIndex::erase_slot(std::size_t index) {
+  const std::size_t mask = slots_.size() - 1;
+  for (std::size_t j = (index + 1) & mask; slots_[j].first; j = (j + 1) & mask) {
+    const std::size_t home = slots_[j].hash & mask;
+    const bool movable = index <= j ? (home <= index || home > j) : (home <= index && home > j);
+    if (movable) {
+      slots_[index] = slots_[j];
+      index = j;
+    }
+  }
+  slots_[index] = {};
+  --used_;
 }
 
 }  // namespace qnutil::env

@@ -2,6 +2,7 @@
 // list order, so the n-th occurrence of a name is found in constant time.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -22,14 +23,22 @@ class NameIndex {
   void remove(Element* element);
 
  private:
-  // Most names occur once: the first occurrence is held inline and only
-  // repeated names pay for a vector.
-  struct Group {
-    Element* first = nullptr;
-    std::vector<Element*> more;
+  // Open addressing with linear probing: a lookup touches one slot and the
+  // element it names (whose name and text share its allocation), which
+  // matters once the table no longer fits the caches.
+  struct Slot {
+    std::size_t hash = 0;
+    Element* first = nullptr;  // first occurrence of the name; null: empty slot
   };
-  // Keys view the name of the group's first element, which outlives them.
-  std::unordered_map<std::string_view, Group> groups_;
+
+  std::size_t slot_of(std::string_view name, std::size_t hash) const;
+  void grow();
+  void erase_slot(std::size_t index);
+
+  std::vector<Slot> slots_;
+  std::size_t used_ = 0;
+  // Later occurrences of repeated names, in list order, by first occurrence.
+  std::unordered_map<const Element*, std::vector<Element*>> more_;
 };
 
 }  // namespace qnutil::env

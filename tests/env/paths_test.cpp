@@ -1,5 +1,8 @@
 // Paths, occurrence numbers, creation of missing paths, the delimiter and
 // path building.
+#include <map>
+#include <random>
+
 #include "env_fixture.h"
 
 using env_test::Env;
@@ -187,6 +190,36 @@ TEST(EnvPaths, ManySiblingsKeepOrderAndOccurrences) {
             ENV_DATA);
   EXPECT_STREQ(name, "n7");
   EXPECT_EQ(get_text(env, "S", "n7@2"), "new");
+}
+
+// Random deletions and appends in a long list against a model of the
+// occurrence numbers.
+TEST(EnvPaths, LongListsStayConsistentUnderDeletion) {
+  Env env;
+  std::mt19937 random(11);
+  std::map<std::string, std::vector<int>> model;  // name -> values in order
+  int next_value = 0;
+  for (int step = 0; step < 6000; ++step) {
+    const std::string name = "k" + std::to_string(random() % 1500);
+    auto& values = model[name];
+    if (random() % 3 == 0 && !values.empty()) {
+      const std::size_t n = random() % values.size();
+      ASSERT_EQ(env_delete(env, "S", (name + "@" + std::to_string(n + 1)).c_str()), ENV_OK);
+      values.erase(values.begin() + static_cast<long>(n));
+    } else {
+      values.push_back(next_value);
+      const std::string path = name + "@" + std::to_string(values.size());
+      ASSERT_EQ(env_put_long(env, "S", path.c_str(), next_value++), ENV_OK);
+    }
+  }
+  for (const auto& [name, values] : model) {
+    ASSERT_EQ(env_count_path(env, "S", name.c_str(), 1), static_cast<int>(values.size())) << name;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      long value = -1;
+      ASSERT_EQ(env_get_long(env, "S", (name + "@" + std::to_string(i + 1)).c_str(), 1, &value), 1);
+      EXPECT_EQ(value, values[i]) << name << "@" << i + 1;
+    }
+  }
 }
 
 }  // namespace
