@@ -130,7 +130,7 @@ int demo_env(const DemoContext& context) {
   long openings[8];
   int count = 8;
   env_get_longs(env, "Walls", "wall@2@openings", 1, &count, openings);
-  std::printf("the second wall has %d openings; its leaves and every other one:\n", count);
+  std::printf("the second wall has %d openings; every leaf with its walk path:\n", count);
   env_traverse_leafs(env, print_leaf, nullptr);
   env_put_double(env, "Walls", "wall@3@height", 2.5);
   env_put(env, "Walls", "wall@3@layer", "Timber");
