@@ -27,17 +27,16 @@ bool copy_folder(const std::string& folder, char* buf) {
 char* program_data_folder(char* buf) {
   unsigned major = 0, minor = 0;
   if (!platform::os_version(major, minor)) {
+    // Only when the system's own version query fails; the warning names it
+    // in the host's words.
     qnutil::frame::show_message_box("Fehler", "Konnte das Betriebssystem nicht feststellen.");
     return g_empty_text;
   }
   const std::size_t caller_length = strnlen(buf, kFolderCapacity);
   if (caller_length == kFolderCapacity) return nullptr;
   std::string folder(buf, caller_length);
-  switch (platform::program_data_base_folder(major, minor, folder)) {
-    case platform::BaseFolder::unavailable: return nullptr;
-    case platform::BaseFolder::system:
-    case platform::BaseFolder::caller: break;
-  }
+  if (platform::program_data_base_folder(major, minor, folder) == platform::BaseFolder::unavailable)
+    return nullptr;
   const char separator = platform::path_separator();
   const std::size_t last_separator = folder.rfind(separator);
   // A base without any separator gets none: "data" becomes
