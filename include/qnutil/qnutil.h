@@ -11,6 +11,7 @@
 #include "env.h"
 #include "numeric.h"
 #include "encoding.h"
+#include "gdiplus.h"
 #include "files.h"
 #include "system.h"
 #include "triangulate.h"
