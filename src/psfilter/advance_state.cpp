@@ -14,8 +14,6 @@ constexpr int kBytesPerPixel = 4;
 constexpr int kPlaneByte[] = {2, 1, 0, 3};
 constexpr std::int16_t kLastPlane = 3;
 
-bool non_empty(const Rect& rect) { return rect.left < rect.right && rect.top < rect.bottom; }
-
 // A tile buffer: (right - left) x (bottom - top) pixels of interleaved plane
 // bytes lo..hi, rows without padding.
 struct Tile {

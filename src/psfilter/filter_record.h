@@ -31,6 +31,9 @@ struct Rect {
   std::int16_t right;
 };
 
+// A rectangle covers pixels when left < right and top < bottom.
+inline bool non_empty(const Rect& rect) { return rect.left < rect.right && rect.top < rect.bottom; }
+
 struct VRect {
   std::int32_t top;
   std::int32_t left;

@@ -31,8 +31,6 @@ bool usable(const PSFilter_& filter, const ApplyRequest& request) {
          request.rowBytes / kBytesPerPixel >= request.width;
 }
 
-bool non_empty(const Rect& rect) { return rect.left < rect.right && rect.top < rect.bottom; }
-
 bool tiles_pending(const FilterRecord& record) {
   return non_empty(record.inRect) || non_empty(record.outRect) || (record.haveMask && non_empty(record.maskRect));
 }
