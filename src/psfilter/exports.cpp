@@ -12,6 +12,8 @@
 
 namespace {
 
+// A failed load reports -1 whatever the system said: no category or name
+// was handed out, and the host has always answered -1 then.
 constexpr std::int32_t kLoadFailed = -1;
 
 char* copy_text(const std::string& text) {
