@@ -6,27 +6,12 @@
 
 #include "frame/export_guard.h"
 #include "qnutil/raster.h"
+#include "raster/bmpex_call.h"
 #include "raster/qn_bitmap.h"
 
 using qnutil::frame::guard_export;
-
-namespace {
-
-CQnBitmap* bitmap_of(bmpExHandle handle) { return reinterpret_cast<CQnBitmap*>(handle); }
-
-// Runs the operation on the handle's object; 0 for a null handle, else 1
-// whatever the operation found. Loaders may allocate, so nothing thrown
-// inside gets out.
-template <class Operation>
-int with_bitmap(bmpExHandle handle, Operation&& operation) {
-  if (!handle) return 0;
-  return guard_export(1, [&] {
-    operation(*bitmap_of(handle));
-    return 1;
-  });
-}
-
-}  // namespace
+using qnutil::raster::bitmap_of;
+using qnutil::raster::with_bitmap;
 
 extern "C" QNUTIL_API int QNUTIL_CALL bmpExInit(bmpExHandle* handle) {
   return guard_export(0, [&] {
