@@ -46,14 +46,18 @@ class Generator {
     std::string text;
     const int sections = 1 + number(4);
     for (int s = 0; s < sections; ++s) {
-      text += blanks() + "[" + pick<std::string>({"", " ", "\t"}) + name() +
-              pick<std::string>({"", " "}) + "]" + pick<std::string>({"", " trailing"}) + line_break();
+      text.append(blanks()).append("[").append(pick<std::string>({"", " ", "\t"})).append(name());
+      text.append(pick<std::string>({"", " "})).append("]");
+      text.append(pick<std::string>({"", " trailing"})).append(line_break());
       const int lines = number(6);
       for (int l = 0; l < lines; ++l) {
         switch (number(6)) {
-          case 0: text += ";" + name() + "=" + value(); break;
-          case 1: text += blanks() + name(); break;
-          default: text += blanks() + name() + blanks() + "=" + blanks() + value() + blanks(); break;
+          case 0: text.append(";").append(name()).append("=").append(value()); break;
+          case 1: text.append(blanks()).append(name()); break;
+          default:
+            text.append(blanks()).append(name()).append(blanks()).append("=");
+            text.append(blanks()).append(value()).append(blanks());
+            break;
         }
         text += line_break();
       }
