@@ -26,18 +26,20 @@ std::size_t NameIndex::slot_of(std::string_view name, std::size_t hash) const {
   }
 }
 
+NameIndex::~NameIndex() {
+  for (const Slot& slot : slots_) delete slot.more;
+}
+
 Element* NameIndex::find(std::string_view name, long n, long& present) const {
   const Slot& slot = slots_[slot_of(name, hash_of(name))];
   if (!slot.first) {
     present = 0;
     return nullptr;
   }
-  const auto more = more_.find(slot.first);
-  const std::vector<Element*>* later = more == more_.end() ? nullptr : &more->second;
-  present = 1 + (later ? static_cast<long>(later->size()) : 0);
+  present = 1 + (slot.more ? static_cast<long>(slot.more->size()) : 0);
   if (n == 1) return slot.first;
   if (n < 1 || n > present) return nullptr;
-  return (*later)[static_cast<std::size_t>(n - 2)];
+  return (*slot.more)[static_cast<std::size_t>(n - 2)];
 }
 
 void NameIndex::add_last(Element* element) {
@@ -45,10 +47,11 @@ void NameIndex::add_last(Element* element) {
   const std::size_t hash = hash_of(element->name());
   Slot& slot = slots_[slot_of(element->name(), hash)];
   if (slot.first) {
-    more_[slot.first].push_back(element);
+    if (!slot.more) slot.more = new std::vector<Element*>;
+    slot.more->push_back(element);
     return;
   }
-  slot = {hash, element};
+  slot = {hash, element, nullptr};
   ++used_;
 }
 
@@ -63,25 +66,24 @@ void NameIndex::remove(Element* element) {
   const std::size_t index = slot_of(element->name(), hash_of(element->name()));
   Slot& slot = slots_[index];
   if (!slot.first) return;
-  const auto more = more_.find(slot.first);
   if (slot.first != element) {
-    if (more == more_.end()) return;
-    auto& later = more->second;
-    const auto pos = std::find(later.begin(), later.end(), element);
-    if (pos != later.end()) later.erase(pos);
-    if (later.empty()) more_.erase(more);
-    return;
-  }
-  if (more == more_.end()) {
+    if (!slot.more) return;
+    const auto pos = std::find(slot.more->begin(), slot.more->end(), element);
+    if (pos != slot.more->end()) slot.more->erase(pos);
+  } else if (slot.more && !slot.more->empty()) {
+    // The second occurrence becomes the first.
+    slot.first = slot.more->front();
+    slot.more->erase(slot.more->begin());
+  } else {
+    delete slot.more;
+    slot.more = nullptr;
     erase_slot(index);
     return;
   }
-  // The second occurrence becomes the first.
-  std::vector<Element*> later = std::move(more->second);
-  more_.erase(more);
-  slot.first = later.front();
-  later.erase(later.begin());
-  if (!later.empty()) more_[slot.first] = std::move(later);
+  if (slot.more->empty()) {
+    delete slot.more;
+    slot.more = nullptr;
+  }
 }
 
 // Backward-shift deletion keeps every probe sequence unbroken without

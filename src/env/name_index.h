@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "env/tree.h"
@@ -14,6 +13,9 @@ namespace qnutil::env {
 class NameIndex {
  public:
   explicit NameIndex(const ElementList& list);
+  ~NameIndex();
+  NameIndex(const NameIndex&) = delete;
+  NameIndex& operator=(const NameIndex&) = delete;
 
   // The n-th (1-based) element of that name, or null; `present` receives how
   // many there are.
@@ -29,6 +31,8 @@ class NameIndex {
   struct Slot {
     std::size_t hash = 0;
     Element* first = nullptr;  // first occurrence of the name; null: empty slot
+    // Later occurrences of a repeated name, in list order (owned).
+    std::vector<Element*>* more = nullptr;
   };
 
   std::size_t slot_of(std::string_view name, std::size_t hash) const;
@@ -37,8 +41,6 @@ class NameIndex {
 
   std::vector<Slot> slots_;
   std::size_t used_ = 0;
-  // Later occurrences of repeated names, in list order, by first occurrence.
-  std::unordered_map<const Element*, std::vector<Element*>> more_;
 };
 
 }  // namespace qnutil::env
