@@ -29,7 +29,7 @@ std::string_view trimmed_fallback(const char* fallback) {
 
 std::uint32_t copy_value(std::string_view value, char* buffer, std::uint32_t size) {
   const auto count = static_cast<std::uint32_t>(std::min<std::size_t>(value.size(), size - 1));
-  std::memcpy(buffer, value.data(), count);
+  if (count > 0) std::memcpy(buffer, value.data(), count);
   buffer[count] = '\0';
   return count;
 }

@@ -73,7 +73,7 @@ TEST_F(StyleTest, FillParamBeyondInt32WrapsInTheFile) {
   EXPECT_EQ(line("wrap"), "1,-2147483648,0,0,0,0,0,0,0,0");
   FillStyleRec back{};
   ASSERT_EQ(mini_read_fillstyle(handle_, "styles", "wrap", &back), 0);
-  EXPECT_EQ(back.param, 2147483648u);
+  EXPECT_EQ(+back.param, 2147483648u);
 }
 
 TEST_F(StyleTest, ShortListsFillTheRestWithZero) {
@@ -81,8 +81,8 @@ TEST_F(StyleTest, ShortListsFillTheRestWithZero) {
   std::memset(&fill, 0xEE, sizeof fill);
   ASSERT_EQ(mini_read_fillstyle(handle_, "styles", "short", &fill), 0);
   EXPECT_EQ(fill.style, 3);
-  EXPECT_EQ(fill.param, 7u);
-  EXPECT_EQ(fill.color, 0u);
+  EXPECT_EQ(+fill.param, 7u);
+  EXPECT_EQ(+fill.color, 0u);
   EXPECT_EQ(fill.param3, 0);
 }
 
@@ -90,10 +90,10 @@ TEST_F(StyleTest, NumbersAreTruncatedAndBytesKeepTheLowBits) {
   FillStyleRec fill{};
   ASSERT_EQ(mini_read_fillstyle(handle_, "styles", "trunc", &fill), 0);
   EXPECT_EQ(fill.style, 2);          // 2.9 truncated, not rounded
-  EXPECT_EQ(fill.param, 300u);
+  EXPECT_EQ(+fill.param, 300u);
   EXPECT_EQ(fill.param2, 255);       // -1.9 -> -1 -> low byte
   EXPECT_EQ(fill.param3, 3);         // 259 -> low byte
-  EXPECT_EQ(fill.color, rgb(1, 2, 3));
+  EXPECT_EQ(+fill.color, rgb(1, 2, 3));
 }
 
 TEST_F(StyleTest, MissingOrMalformedListsLeaveTheRecord) {
@@ -119,7 +119,7 @@ TEST_F(StyleTest, PenStyleRoundTrips) {
   ASSERT_EQ(mini_read_penstyle(handle_, "styles", "pen", &back), 0);
   EXPECT_EQ(back.style, -3);
   EXPECT_EQ(back.width, 0.35f);
-  EXPECT_EQ(back.color, pen.color);
+  EXPECT_EQ(+back.color, pen.color);
 }
 
 TEST_F(StyleTest, ScaledPenLosesItsColour) {
@@ -128,7 +128,7 @@ TEST_F(StyleTest, ScaledPenLosesItsColour) {
   EXPECT_EQ(line("penex"), "1,2,1,0,0");
   PenStyleRec back{};
   ASSERT_EQ(mini_read_penstyle(handle_, "styles", "penex", &back), 0);
-  EXPECT_EQ(back.color, rgb(1, 0, 0));
+  EXPECT_EQ(+back.color, rgb(1, 0, 0));
   const PenStyleRec edge{1, 2.0f, rgb(127, 128, 255)};
   ASSERT_EQ(mini_write_penstyleEX(handle_, "styles", "penex", &edge), 0);
   EXPECT_EQ(line("penex"), "1,2,0,1,1");
