@@ -45,11 +45,10 @@ if(WIN32)
   endif()
   get_target_property(def_file qnutil QNUTIL_DEF_FILE)
   set(msvc_lib ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/QnUtil.lib)
-  add_custom_command(OUTPUT ${msvc_lib}
+  # Made with the DLL itself, so that no build of the DLL lacks it.
+  add_custom_command(TARGET qnutil POST_BUILD
     COMMAND ${QNUTIL_LLVM_DLLTOOL} -m ${dlltool_machine} -D QnUtil.dll -d ${def_file} -l ${msvc_lib}
-    DEPENDS ${def_file}
     COMMENT "Generating MSVC import library QnUtil.lib")
-  add_custom_target(qnutil_msvc_import_lib ALL DEPENDS ${msvc_lib})
   install(FILES ${msvc_lib} DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endif()
 
