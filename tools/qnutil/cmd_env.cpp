@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 
+#include "json_output.h"
 #include "qnutil/qnutil.h"
 #include "registry.h"
 
@@ -14,11 +15,12 @@ int run_env(int argc, char** argv);
 
 const Command kEnv{
     "env", "read, query, change and check environment files",
-    "env cat FILE | get FILE SECTION PATH | set FILE SECTION PATH VALUE | tree FILE | check FILE\n"
+    "env cat FILE | get FILE SECTION PATH | set FILE SECTION PATH VALUE | tree FILE [--json] |"
+    " check FILE\n"
     "  cat    read FILE and write it to stdout in canonical form\n"
     "  get    print the text at SECTION/PATH (path components separated by '@')\n"
     "  set    store VALUE at SECTION/PATH (created when missing) and rewrite FILE\n"
-    "  tree   list every leaf with its walk path\n"
+    "  tree   list every leaf with its walk path (--json: an array of section, path, value)\n"
     "  check  exit 0 if FILE reads without error, else 1 with the reader's message",
     run_env};
 
@@ -33,12 +35,18 @@ EnvHandle* open_file(const char* file, int& status) {
   return nullptr;
 }
 
-int QNUTIL_CALL print_leaf(EnvHandle* leaf, const char* section, const char* path, void*) {
+// user: a JsonArrayWriter for --json output, else null for text lines.
+int QNUTIL_CALL print_leaf(EnvHandle* leaf, const char* section, const char* path, void* user) {
   char* text = nullptr;
-  if (env_get_reference(leaf, nullptr, nullptr, 1, &text) >= 0)
+  const bool data = env_get_reference(leaf, nullptr, nullptr, 1, &text) >= 0;
+  if (auto* json = static_cast<JsonArrayWriter*>(user)) {
+    json->item("{\"section\": " + json_string(section) + ", \"path\": " + json_string(path) +
+               ", \"value\": " + (data ? json_string(text) : std::string("null")) + "}");
+  } else if (data) {
     std::printf("[%s] %s = %s\n", section, path, text);
-  else
+  } else {
     std::printf("[%s] %s (external)\n", section, path);
+  }
   return 0;
 }
 
@@ -82,11 +90,16 @@ int set(const char* file, const char* section, const char* path, const char* val
   return result == ENV_OK ? 0 : 1;
 }
 
-int tree(const char* file) {
+int tree(const char* file, bool as_json) {
   int status;
   EnvHandle* env = open_file(file, status);
   if (!env) return 1;
-  env_traverse_leafs(env, print_leaf, nullptr);
+  if (as_json) {
+    JsonArrayWriter json;
+    env_traverse_leafs(env, print_leaf, &json);
+  } else {
+    env_traverse_leafs(env, print_leaf, nullptr);
+  }
   env_close(env, 0);
   return 0;
 }
@@ -104,12 +117,14 @@ int check(const char* file) {
 }
 
 int run_env(int argc, char** argv) {
+  const bool as_json = take_json_flag(argc, argv);
   if (argc < 3) return usage_error(kEnv);
   const std::string action = argv[1];
+  if (as_json && action != "tree") return usage_error(kEnv);
   if (action == "cat" && argc == 3) return cat(argv[2]);
   if (action == "get" && argc == 5) return get(argv[2], argv[3], argv[4]);
   if (action == "set" && argc == 6) return set(argv[2], argv[3], argv[4], argv[5]);
-  if (action == "tree" && argc == 3) return tree(argv[2]);
+  if (action == "tree" && argc == 3) return tree(argv[2], as_json);
   if (action == "check" && argc == 3) return check(argv[2]);
   return usage_error(kEnv);
 }

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+#include "json_output.h"
 #include "qnutil/qnutil.h"
 #include "registry.h"
 
@@ -16,10 +17,11 @@ int run_ls(int argc, char** argv);
 
 const Command kLs{"ls",
                   "list a folder: flags, size, last write (UTC) and name of each entry",
-                  "ls DIR [PATTERN]\n"
+                  "ls DIR [PATTERN] [--json]\n"
                   "  PATTERN uses * and ? (default *.*). Columns: flags in hex, kind and\n"
                   "  attributes (d folder, r read-only, h hidden, s system, a archive),\n"
-                  "  size in bytes, last write time in UTC, name.",
+                  "  size in bytes, last write time in UTC, name. --json prints an array of\n"
+                  "  records with the same fields (time as seconds since 1970).",
                   run_ls};
 
 std::string attribute_letters(std::uint32_t flags) {
@@ -47,7 +49,20 @@ void print_entries(const QnUtilDirEntry* entries, unsigned count) {
   }
 }
 
+void print_entries_json(const QnUtilDirEntry* entries, unsigned count) {
+  JsonArrayWriter json;
+  for (unsigned i = 0; i < count; ++i) {
+    const QnUtilDirEntry& entry = entries[i];
+    json.item("{\"name\": " + json_string(entry.name) +
+              ", \"flags\": " + std::to_string(entry.flags) +
+              ", \"attributes\": \"" + attribute_letters(entry.flags) +
+              "\", \"size\": " + std::to_string(entry.size) +
+              ", \"mtime\": " + std::to_string(entry.mtime) + "}");
+  }
+}
+
 int run_ls(int argc, char** argv) {
+  const bool as_json = take_json_flag(argc, argv);
   if (argc < 2 || argc > 3 || argv[1][0] == '\0') return usage_error(kLs);
   const char* pattern = argc == 3 ? argv[2] : nullptr;
   QnUtilDirEntry* entries = nullptr;
@@ -57,7 +72,10 @@ int run_ls(int argc, char** argv) {
                  argv[1], pattern != nullptr ? pattern : "*.*");
     return 1;
   }
-  print_entries(entries, count);
+  if (as_json)
+    print_entries_json(entries, count);
+  else
+    print_entries(entries, count);
   QnUtil_FreeEntries(&entries);
   return 0;
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "qnutil/qnutil.h"
+#include "json_output.h"
 #include "registry.h"
 
 namespace qnutil_tool {
@@ -23,7 +24,7 @@ const Command kIni{"ini", "read or write one value of an INI file",
                    run_ini};
 
 const Command kMat{"mat", "show or change a material file",
-                   "mat show FILE | mat set FILE KEY VALUE\n"
+                   "mat show FILE [--json] | mat set FILE KEY VALUE\n"
                    "  show prints every field of the loaded material, derived ones included.\n"
                    "  KEY is one of Name, kdiffus, kambient, kspiegel, alpha, Oe, Bits,\n"
                    "  RGBDiffus, RGBSpiegel (VALUE \"r,g,b\", 0 to 1) or Testtextur.",
@@ -63,6 +64,34 @@ void print_material(CQnMatFile& material) {
               m.oeInvPow, m.oeOffset, m.oePow);
   std::printf("reserved    %u\nBits        %u\nTesttextur  %s\n", static_cast<unsigned>(m.reserved),
               static_cast<unsigned>(m.Bits), texture.c_str());
+}
+
+std::string json_number(double value) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.9g", value);
+  return text;
+}
+
+std::string json_colour(const float (&rgb)[3]) {
+  return "[" + json_number(rgb[0]) + ", " + json_number(rgb[1]) + ", " + json_number(rgb[2]) + "]";
+}
+
+void print_material_json(CQnMatFile& material) {
+  std::string name, texture;
+  material.GetLogName(name);
+  material.GetTestTexturePath(texture);
+  const matTyp& m = *material.GetMaterialPtr();
+  std::printf(
+      "{\"Name\": %s, \"RGBDiffus\": %s, \"RGBSpiegel\": %s, \"alpha\": %s, \"kambient\": %s,"
+      " \"kdiffus\": %s, \"kspiegel\": %s, \"Oe\": %s, \"oeInvPow\": %s, \"oeOffset\": %s,"
+      " \"oePow\": %s, \"reserved\": %u, \"Bits\": %u, \"Testtextur\": %s}\n",
+      json_string(name.c_str()).c_str(), json_colour(m.RGBDiffus).c_str(),
+      json_colour(m.RGBSpiegel).c_str(), json_number(m.alpha).c_str(),
+      json_number(m.kambient).c_str(), json_number(m.kdiffus).c_str(),
+      json_number(m.kspiegel).c_str(), json_number(m.Oe).c_str(), json_number(m.oeInvPow).c_str(),
+      json_number(m.oeOffset).c_str(), json_number(m.oePow).c_str(),
+      static_cast<unsigned>(m.reserved), static_cast<unsigned>(m.Bits),
+      json_string(texture.c_str()).c_str());
 }
 
 bool parse_colour(const char* text, float (&rgb)[3]) {
@@ -109,16 +138,20 @@ bool set_field(CQnMatFile& material, const char* key, const char* value) {
 }
 
 int run_mat(int argc, char** argv) {
+  const bool as_json = take_json_flag(argc, argv);
   const bool show = argc == 3 && std::strcmp(argv[1], "show") == 0;
   const bool set = argc == 5 && std::strcmp(argv[1], "set") == 0;
-  if (!show && !set) return usage_error(kMat);
+  if ((!show && !set) || (as_json && !show)) return usage_error(kMat);
   CQnMatFile material(argv[2]);
   if (!material.IsLoaded()) {
     std::fprintf(stderr, "qnutil mat: %s is no readable material file\n", argv[2]);
     return 1;
   }
   if (show) {
-    print_material(material);
+    if (as_json)
+      print_material_json(material);
+    else
+      print_material(material);
     return 0;
   }
   if (!set_field(material, argv[3], argv[4])) return usage_error(kMat);

@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "qnutil/qnutil.h"
+#include "json_output.h"
+#include "progress.h"
 #include "registry.h"
 
 namespace qnutil_tool {
@@ -19,7 +21,12 @@ namespace {
 int run_tri(int argc, char** argv);
 
 const Command kTri{"tri", "triangulate \"x y\" points (the first N the boundary) and draw the triangles",
-                   "tri POINTS [--boundary N] [--svg OUT.svg] [--bmp OUT.bmp]", run_tri};
+                   "tri POINTS [--boundary N] [--svg OUT.svg] [--bmp OUT.bmp] [--json]\n"
+                   "  --json prints the triangles as an array of three [x, y] corners each",
+                   run_tri};
+
+// Inputs from this size on announce their progress on a terminal.
+constexpr std::size_t kLongRunPoints = 100000;
 
 struct Vertex {
   float x, y;
@@ -164,6 +171,8 @@ bool write_bmp(const std::string& path, const Triangulation& t) {
 
 // Runs the library's triangulation; false when it fails.
 bool triangulate(const std::vector<Vertex>& points, unsigned int boundary, Triangulation& result) {
+  const ProgressNote progress(points.size() >= kLongRunPoints,
+                              "triangulating " + std::to_string(points.size()) + " points");
   void* array = nullptr;
   unsigned int count = 0;
   if (!Triangulieren(static_cast<int>(points.size()), boundary, points.empty() ? nullptr : &points[0].x, &array,
@@ -188,7 +197,19 @@ bool write_drawings(const Triangulation& t, const char* svg, const char* bmp) {
   return true;
 }
 
+void print_triangles_json(const Triangulation& t) {
+  JsonArrayWriter json;
+  char text[160];
+  for (std::size_t i = 0; i + 2 < t.corners.size(); i += 3) {
+    const Vertex* c = &t.corners[i];
+    std::snprintf(text, sizeof text, "[[%.9g, %.9g], [%.9g, %.9g], [%.9g, %.9g]]", c[0].x, c[0].y,
+                  c[1].x, c[1].y, c[2].x, c[2].y);
+    json.item(text);
+  }
+}
+
 int run_tri(int argc, char** argv) {
+  const bool as_json = take_json_flag(argc, argv);
   const char* input = nullptr;
   const char* svg = nullptr;
   const char* bmp = nullptr;
@@ -216,7 +237,10 @@ int run_tri(int argc, char** argv) {
     std::fprintf(stderr, "qnutil tri: triangulation failed\n");
     return 1;
   }
-  std::printf("%zu triangles\n", result.corners.size() / 3);
+  if (as_json)
+    print_triangles_json(result);
+  else
+    std::printf("%zu triangles\n", result.corners.size() / 3);
   return write_drawings(result, svg, bmp) ? 0 : 1;
 }
 
