@@ -34,6 +34,23 @@ function(qnutil_read_export_manifest out_var)
   set(${out_var} ${names} PARENT_SCOPE)
 endfunction()
 
+# MSVC hosts link against QnUtil.lib, an import library in the short import
+# format that Microsoft's linker reads, made from the same .def file with
+# the DLL itself so that no build of the DLL lacks it.
+function(qnutil_add_msvc_import_library target def_file)
+  find_program(QNUTIL_LLVM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14 REQUIRED)
+  if(CMAKE_SYSTEM_PROCESSOR STREQUAL "i686")
+    set(machine i386)
+  else()
+    set(machine i386:x86-64)
+  endif()
+  set(msvc_lib ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/QnUtil.lib)
+  add_custom_command(TARGET ${target} POST_BUILD
+    COMMAND ${QNUTIL_LLVM_DLLTOOL} -m ${machine} -D QnUtil.dll -d ${def_file} -l ${msvc_lib}
+    COMMENT "Generating MSVC import library QnUtil.lib")
+  set_property(TARGET ${target} PROPERTY QNUTIL_MSVC_IMPORT_LIB ${msvc_lib})
+endfunction()
+
 # Writes the .def (Windows) or version script (ELF) and attaches it to TARGET.
 function(qnutil_apply_export_manifest target)
   qnutil_read_export_manifest(names)
@@ -45,7 +62,7 @@ function(qnutil_apply_export_manifest target)
     endforeach()
     file(CONFIGURE OUTPUT ${def_file} CONTENT "${text}" @ONLY)
     target_sources(${target} PRIVATE ${def_file})
-    set_property(TARGET ${target} PROPERTY QNUTIL_DEF_FILE ${def_file})
+    qnutil_add_msvc_import_library(${target} ${def_file})
   else()
     set(map_file ${CMAKE_CURRENT_BINARY_DIR}/qnutil.map)
     set(text "{\n  global:\n")

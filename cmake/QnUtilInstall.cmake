@@ -34,21 +34,9 @@ endif()
 install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE
   DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
-# MSVC hosts link against QnUtil.lib, an import library in the short import
-# format that Microsoft's linker reads, made from the same .def file.
+# MSVC hosts link against QnUtil.lib, made with the DLL from its .def file.
 if(WIN32)
-  find_program(QNUTIL_LLVM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14 REQUIRED)
-  if(CMAKE_SYSTEM_PROCESSOR STREQUAL "i686")
-    set(dlltool_machine i386)
-  else()
-    set(dlltool_machine i386:x86-64)
-  endif()
-  get_target_property(def_file qnutil QNUTIL_DEF_FILE)
-  set(msvc_lib ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/QnUtil.lib)
-  # Made with the DLL itself, so that no build of the DLL lacks it.
-  add_custom_command(TARGET qnutil POST_BUILD
-    COMMAND ${QNUTIL_LLVM_DLLTOOL} -m ${dlltool_machine} -D QnUtil.dll -d ${def_file} -l ${msvc_lib}
-    COMMENT "Generating MSVC import library QnUtil.lib")
+  get_target_property(msvc_lib qnutil QNUTIL_MSVC_IMPORT_LIB)
   install(FILES ${msvc_lib} DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endif()
 
