@@ -15,13 +15,16 @@
 
 #include "common.h"
 
+/** An INI file bound to a path; see the notes at the top of this header. */
 class QNUTIL_API CQnIniFile {
  public:
   /** Empty path, opened for reading. */
   CQnIniFile();
   /** Bound to path; writable is 1 for writing, 0 for reading (kept only). */
   CQnIniFile(const std::string& path, unsigned int writable);
+  /** Copies the bound path and mode. */
   CQnIniFile(const CQnIniFile& other);
+  /** Takes over the bound path and mode of other. */
   CQnIniFile& operator=(const CQnIniFile& other);
   virtual ~CQnIniFile();
 
@@ -49,10 +52,15 @@ class QNUTIL_API CQnIniFile {
 
   /** The static functions of the same kind on the bound path. */
   std::string ReadString(const char* section, const char* key) const;
+  /** FileReadInt on the bound path. */
   int ReadInt(const char* section, const char* key) const;
+  /** FileReadDouble on the bound path. */
   double ReadDouble(const char* section, const char* key) const;
+  /** FileWriteString on the bound path. */
   bool WriteString(const char* section, const char* key, const char* value) const;
+  /** FileWriteInt on the bound path. */
   bool WriteInt(const char* section, const char* key, int value) const;
+  /** FileWriteDouble on the bound path. */
   bool WriteDouble(const char* section, const char* key, double value) const;
 
  private:

@@ -17,13 +17,16 @@
 #include "common.h"
 #include "ini.h"
 
+/** A material file and its loaded record; see the notes at the top of this header. */
 class QNUTIL_API CQnMatFile {
  public:
   /** Empty names, not loaded, record zeroed. */
   CQnMatFile();
   /** As the default constructor, then Read(path). */
   explicit CQnMatFile(const std::string& path);
+  /** Copies the names, the file last read, the loaded flag and the record. */
   CQnMatFile(const CQnMatFile& other);
+  /** Takes over the names, the file last read, the loaded flag and the record of other. */
   CQnMatFile& operator=(const CQnMatFile& other);
   virtual ~CQnMatFile();
 
@@ -54,8 +57,11 @@ class QNUTIL_API CQnMatFile {
   /** The material's name; when it is empty it is first set to the file
    *  name (without folder and extension) of the file last read. */
   void GetLogName(std::string& out);
+  /** Sets the material's name, used as its section by the next Write. */
   void SetLogName(const std::string& name);
+  /** The "Testtextur" value read last, or set with SetTestTexturePath. */
   void GetTestTexturePath(std::string& out) const;
+  /** Sets the "Testtextur" value stored by the next Write. */
   void SetTestTexturePath(const std::string& path);
 
  private:

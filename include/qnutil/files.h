@@ -29,15 +29,15 @@
 #define QNUTIL_ENTRY_SYSTEM 0x080
 #define QNUTIL_ENTRY_ARCHIVE 0x200
 
-/* One entry of a folder listing: 272 bytes on every target, walked by index. */
+/** One entry of a folder listing: 272 bytes on every target, walked by index. */
 #pragma pack(push, 1)
 typedef struct QnUtilDirEntry {
-  char name[256];       /* file name without folder, NUL-terminated */
-  uint32_t flags;       /* QNUTIL_ENTRY_* bits */
-  uint32_t size;        /* size in bytes, low 32 bits */
-  uint32_t mtime;       /* last write, seconds since 1970-01-01 UTC; 315529200
+  char name[256];       /**< file name without folder, NUL-terminated */
+  uint32_t flags;       /**< QNUTIL_ENTRY_* bits */
+  uint32_t size;        /**< size in bytes, low 32 bits */
+  uint32_t mtime;       /**< last write, seconds since 1970-01-01 UTC; 315529200
                            (1 January 1980, 00:00 CET) when unknown */
-  uint8_t reserved[4];  /* not written */
+  uint8_t reserved[4];  /**< not written */
 } QnUtilDirEntry;
 #pragma pack(pop)
 
@@ -54,12 +54,12 @@ typedef struct QnUtilDirEntry {
 #define QNUTIL_FIO_BIG_ENDIAN 1    /* "MOTOROLA" */
 #define QNUTIL_FIO_NO_HEADER (-1)  /* opened for a header that was not there */
 
-/* An open fio file; the host may read byteOrder. */
+/** An open fio file; the host may read byteOrder. */
 typedef struct QnUtilFioFile {
-  FILE* stream;
-  int32_t byteOrder; /* QNUTIL_FIO_LITTLE_ENDIAN, _BIG_ENDIAN or _NO_HEADER */
-  int32_t mode;      /* the mode bits given to fio_open */
-  char* path;        /* the composed path ("????" if it could not be copied) */
+  FILE* stream;      /**< the open C stream */
+  int32_t byteOrder; /**< QNUTIL_FIO_LITTLE_ENDIAN, _BIG_ENDIAN or _NO_HEADER */
+  int32_t mode;      /**< the mode bits given to fio_open */
+  char* path;        /**< the composed path ("????" if it could not be copied) */
 } QnUtilFioFile;
 
 QNUTIL_EXTERN_C_BEGIN

@@ -33,54 +33,54 @@ typedef struct QnUtilMiniFile* MiniHandle;
 /** Fill style, 15 bytes without padding; the list holds style, param, the
  *  three bytes of color, param2, the three bytes of color2, param3. */
 typedef struct FillStyleRec {
-  uint8_t style;
-  uint32_t param;
-  uint32_t color;
-  uint8_t param2;
-  uint32_t color2;
-  uint8_t param3;
+  uint8_t style;   /**< fill kind, host-defined */
+  uint32_t param;  /**< first parameter of the fill kind */
+  uint32_t color;  /**< first colour, 0x00BBGGRR */
+  uint8_t param2;  /**< second parameter of the fill kind */
+  uint32_t color2; /**< second colour, 0x00BBGGRR */
+  uint8_t param3;  /**< third parameter of the fill kind */
 } FillStyleRec;
 
 /** A GUID in the platform's layout (16 bytes). */
 typedef struct QnUtilGuid {
-  uint32_t Data1;
-  uint16_t Data2;
-  uint16_t Data3;
-  uint8_t Data4[8];
+  uint32_t Data1;   /**< first group, 8 hex digits in registry form */
+  uint16_t Data2;   /**< second group, 4 hex digits */
+  uint16_t Data3;   /**< third group, 4 hex digits */
+  uint8_t Data4[8]; /**< last 8 bytes, in the order they are written */
 } QnUtilGuid;
 
 /** Fill style followed directly by a GUID, 31 bytes; the GUID is stored
  *  under the key with "GUID" appended, in registry form. */
 typedef struct FillStyleExRec {
-  FillStyleRec fill;
-  QnUtilGuid guid;
+  FillStyleRec fill; /**< the fill style, stored as mini_write_fillstyle does */
+  QnUtilGuid guid;   /**< the GUID, stored under the key with "GUID" appended */
 } FillStyleExRec;
 
 #pragma pack(pop)
 
 /** Pen style (natural alignment, 12 bytes): style, width, red, green, blue. */
 typedef struct PenStyleRec {
-  int32_t style;
-  float width;
-  uint32_t color;
+  int32_t style;  /**< line kind, host-defined */
+  float width;    /**< line width */
+  uint32_t color; /**< line colour, 0x00BBGGRR */
 } PenStyleRec;
 
 /** Texture properties (natural alignment, 52 bytes), 13 numbers: enabled,
  *  values[0..7], flag2, flag3, value9, value10. The flags are 1 or 0. */
 typedef struct TexPropsRec {
-  int32_t enabled;
-  float values[8];
-  int32_t flag2;
-  int32_t flag3;
-  float value9;
-  float value10;
+  int32_t enabled; /**< 1 when the texture is used, else 0 */
+  float values[8]; /**< the eight host-defined texture numbers, in list order */
+  int32_t flag2;   /**< host-defined flag, 1 or 0 */
+  int32_t flag3;   /**< host-defined flag, 1 or 0 */
+  float value9;    /**< host-defined number after the flags */
+  float value10;   /**< host-defined number, last in the list */
 } TexPropsRec;
 
 /** Material record of CQnMatFile (sixteen 32-bit fields, 64 bytes). */
 typedef struct matTyp {
   float RGBDiffus[3];  /**< diffuse colour red, green, blue, 0 to 1 */
   float RGBSpiegel[3]; /**< specular colour red, green, blue, 0 to 1 */
-  float alpha;
+  float alpha;         /**< alpha value (key "alpha"; 0.4 when missing) */
   float kambient;      /**< ambient coefficient */
   float kdiffus;       /**< diffuse coefficient */
   float kspiegel;      /**< specular coefficient */

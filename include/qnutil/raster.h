@@ -27,26 +27,26 @@ typedef struct QnBitmapObject* bmpExHandle;
 /** The 14-byte BMP file header as stored in a file (layout of the
  *  platform's BITMAPFILEHEADER). */
 typedef struct QnBmpFileHeader {
-  uint16_t bfType; /* 0x4D42, "BM" */
-  uint32_t bfSize;
-  uint16_t bfReserved1;
-  uint16_t bfReserved2;
-  uint32_t bfOffBits;
+  uint16_t bfType;      /**< 0x4D42, "BM" */
+  uint32_t bfSize;      /**< size of the whole file in bytes */
+  uint16_t bfReserved1; /**< reserved, 0 */
+  uint16_t bfReserved2; /**< reserved, 0 */
+  uint32_t bfOffBits;   /**< offset of the pixel rows from the start of the file */
 } QnBmpFileHeader;
 
 /** The 40-byte BMP info header (layout of the platform's BITMAPINFOHEADER). */
 typedef struct QnBmpInfoHeader {
-  uint32_t biSize;
-  int32_t biWidth;
-  int32_t biHeight; /* positive: rows bottom-up */
-  uint16_t biPlanes;
-  uint16_t biBitCount;
-  uint32_t biCompression;
-  uint32_t biSizeImage;
-  int32_t biXPelsPerMeter;
-  int32_t biYPelsPerMeter;
-  uint32_t biClrUsed;
-  uint32_t biClrImportant;
+  uint32_t biSize;         /**< size of this header, 40 */
+  int32_t biWidth;         /**< width in pixels */
+  int32_t biHeight;        /**< height in pixels; positive: rows bottom-up */
+  uint16_t biPlanes;       /**< 1 */
+  uint16_t biBitCount;     /**< bits per pixel */
+  uint32_t biCompression;  /**< compression kind; 0 for uncompressed rows */
+  uint32_t biSizeImage;    /**< size of the pixel rows in bytes (may be 0 when uncompressed) */
+  int32_t biXPelsPerMeter; /**< horizontal resolution, pixels per metre */
+  int32_t biYPelsPerMeter; /**< vertical resolution, pixels per metre */
+  uint32_t biClrUsed;      /**< colours in the palette; 0 for the depth's full count */
+  uint32_t biClrImportant; /**< colours needed to show the picture; 0 for all */
 } QnBmpInfoHeader;
 #pragma pack(pop)
 
