@@ -1,7 +1,9 @@
-// Read, write, read, write: the writer's output must read back to a tree
-// that writes the same bytes again. Inputs with backslashes or ';' can
-// produce texts the format does not carry (a continuation or comment may
-// form at a line break), so for them only the absence of crashes counts.
+// Read and write three times. The first cycle may normalise what the
+// format cannot carry (NUL bytes are dropped, blanks at the start of a name
+// or at the end of a 99-character piece of one are trimmed); from then on
+// the written text must be a fixed point. Inputs with backslashes or ';'
+// can produce texts that never settle (a continuation or comment may form
+// at a line break), so for them only the absence of crashes counts.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -47,7 +49,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string input(reinterpret_cast<const char*>(data), size);
   const std::string first = read_and_write(input);
   const std::string second = read_and_write(first);
+  const std::string third = read_and_write(second);
   const bool carried = input.find_first_of("\\;") == std::string::npos;
-  if (carried && first != second) std::abort();
+  if (carried && second != third) std::abort();
   return 0;
 }
