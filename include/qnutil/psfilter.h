@@ -65,6 +65,12 @@ QNUTIL_API bool QNUTIL_CALL AVFreeGotPSFilterImage(unsigned char** image);
  *  true; false (and nothing stored) when filter or canRepeat is null. */
 QNUTIL_API bool QNUTIL_CALL AVPSFilterCanDoLastFilter(PSFilter_* filter, bool* canRepeat);
 
+/** Copies the name of the filter's entry point (as its property list gives
+ *  it, at most 255 characters) into buffer of size bytes. Returns false,
+ *  leaving buffer untouched, for null arguments or a name that does not
+ *  fit. (An addition to the original interface, for tools.) */
+QNUTIL_API bool QNUTIL_CALL AVGetPSFilterEntryName(PSFilter_* filter, char* buffer, int32_t size);
+
 /**
  * Runs the filter over an image of width x height pixels, rows top-down,
  * 4 bytes per pixel (blue, green, red, alpha), rowBytes bytes per row.

@@ -89,6 +89,15 @@ extern "C" QNUTIL_API bool QNUTIL_CALL AVPSFilterCanDoLastFilter(PSFilter_* filt
   return true;
 }
 
+extern "C" QNUTIL_API bool QNUTIL_CALL AVGetPSFilterEntryName(PSFilter_* filter, char* buffer,
+                                                              std::int32_t size) {
+  if (!filter || !buffer || size <= 0 || filter->entryName.size() >= static_cast<std::size_t>(size))
+    return false;
+  filter->entryName.copy(buffer, filter->entryName.size());
+  buffer[filter->entryName.size()] = '\0';
+  return true;
+}
+
 extern "C" QNUTIL_API bool QNUTIL_CALL AVApplyPSFilter(PSFilter_* filter, bool repeatLast,
                                                        AVPSFilterProgressProc progress, std::int32_t userValue,
                                                        const unsigned char* bits, std::int32_t width,

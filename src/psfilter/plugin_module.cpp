@@ -29,6 +29,7 @@ void read_resource(PSFilter_& filter, LPCSTR type, LPSTR name) {
   FARPROC address = GetProcAddress(filter.module, entryName->c_str());
   if (!address) return;
   filter.entry = reinterpret_cast<PluginEntry>(reinterpret_cast<void*>(address));
+  filter.entryName = *entryName;
   filter.valid = true;
 }
 

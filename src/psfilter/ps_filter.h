@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <string>
 
 #include "psfilter/filter_record.h"
 #include "psfilter/pipl_parser.h"
@@ -41,6 +42,8 @@ struct PSFilter_ {
   Run run;
   HMODULE module = nullptr;
   qnutil::psfilter::PluginEntry entry = nullptr;
+  // Name of the exported entry point, as the property list gives it.
+  std::string entryName;
   bool procsInitialised = false;
   bool valid = false;
   // Parameters kept from the last parameters step; set means the last

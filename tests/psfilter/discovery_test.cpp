@@ -71,6 +71,25 @@ TEST(PluginDiscovery, CategoryAndNameOutputsAreOptional) {
   AVFreeGotPSFilter(&filter);
 }
 
+TEST(PluginDiscovery, EntryNameAsTheListGivesIt) {
+  struct Case {
+    const char* module;
+    std::string entry;
+  };
+  for (const Case& c : {Case{"invert", "PluginMain"}, Case{"long_entry", std::string(255, 'E')}}) {
+    PSFilter_* filter = nullptr;
+    ASSERT_TRUE(AVGetPSFilterAndInfo(plugin_path(c.module).c_str(), nullptr, nullptr, &filter, nullptr));
+    char buffer[256] = "untouched";
+    EXPECT_FALSE(AVGetPSFilterEntryName(filter, buffer, static_cast<int32_t>(c.entry.size())));
+    EXPECT_STREQ(buffer, "untouched");
+    ASSERT_TRUE(AVGetPSFilterEntryName(filter, buffer, static_cast<int32_t>(c.entry.size() + 1)));
+    EXPECT_EQ(buffer, c.entry) << c.module;
+    AVFreeGotPSFilter(&filter);
+  }
+  char buffer[8];
+  EXPECT_FALSE(AVGetPSFilterEntryName(nullptr, buffer, sizeof buffer));
+}
+
 TEST(PluginDiscovery, ReleaseFunctionsAcceptNull) {
   EXPECT_TRUE(AVFreeGotPSFilter(nullptr));
   EXPECT_TRUE(AVFreeGotPSFilterInfo(nullptr, nullptr));

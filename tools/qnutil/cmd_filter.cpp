@@ -21,8 +21,8 @@ int run_filter_command(int argc, char** argv);
 const Command kFilter{"filter", "show or run an image filter plug-in (.8bf; Windows builds)",
                       "filter info PLUGIN\n"
                       "       qnutil filter apply PLUGIN IN.bmp OUT.bmp [--repeat]\n"
-                      "  info   prints the plug-in's category and name once it loaded and its\n"
-                      "         entry point resolved\n"
+                      "  info   prints the plug-in's category, name and entry point once it\n"
+                      "         loaded and its entry point resolved\n"
                       "  apply  runs the filter over a 24- or 32-bit BMP, progress on stderr;\n"
                       "         --repeat applies it a second time with the kept parameters",
                       run_filter_command};
@@ -144,9 +144,9 @@ int show_info(const char* path) {
   char* name = nullptr;
   PSFilter_* filter = load(path, &category, &name);
   if (!filter) return 1;
-  // The entry point's name stays inside the host; that it resolved is
-  // what loading proves.
-  std::printf("category: %s\nname:     %s\nentry:    resolved\n", category, name);
+  char entry[256] = "";
+  AVGetPSFilterEntryName(filter, entry, sizeof entry);
+  std::printf("category: %s\nname:     %s\nentry:    %s\n", category, name, entry);
   AVFreeGotPSFilterInfo(&category, &name);
   AVFreeGotPSFilter(&filter);
   return 0;
