@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "raster/simd.h"
+
 namespace qnutil::raster {
 namespace {
 
@@ -72,6 +74,23 @@ void expand_24bit_in_place(uint8_t* buffer, int width, int height, uint32_t stri
       const uint8_t* p = row + 3 * (x - 1);
       store_le32(words + 4 * (x - 1), p[0] | uint32_t{p[1]} << 8 | uint32_t{p[2]} << 16);
     }
+#ifdef QNUTIL_RASTER_SSE2
+    // One 16-byte load holds four pixels; byte shifts move pixel i to the
+    // start of lane i. The four bytes read past the group belong to the
+    // pixels after it, which are still unwritten source bytes (x >= 4) and
+    // are masked away.
+    const __m128i lane0 = _mm_set_epi32(0, 0, 0, 0xFFFFFF);
+    const __m128i lane1 = _mm_set_epi32(0, 0, 0xFFFFFF, 0);
+    const __m128i lane2 = _mm_set_epi32(0, 0xFFFFFF, 0, 0);
+    const __m128i lane3 = _mm_set_epi32(0xFFFFFF, 0, 0, 0);
+    for (; x > 0; x -= 4) {
+      const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row + 3 * (x - 4)));
+      const __m128i low = _mm_or_si128(_mm_and_si128(v, lane0), _mm_and_si128(_mm_slli_si128(v, 1), lane1));
+      const __m128i high =
+          _mm_or_si128(_mm_and_si128(_mm_slli_si128(v, 2), lane2), _mm_and_si128(_mm_slli_si128(v, 3), lane3));
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(words + 4 * (x - 4)), _mm_or_si128(low, high));
+    }
+#endif
     for (; x > 0; x -= 4) {
       const uint8_t* p = row + 3 * (x - 4);
       const uint32_t w0 = load_le32(p), w1 = load_le32(p + 4), w2 = load_le32(p + 8);
