@@ -1,5 +1,6 @@
 /*
- * QnUtil public C interface: include this one header.
+ * QnUtil public C interface: include this one header (Windows hosts that
+ * use GDI, GDI+ or filter plug-ins include qnutil_win32.h instead).
  * Each family has a header of its own below qnutil/.
  */
 #ifndef QNUTIL_QNUTIL_H
@@ -11,13 +12,10 @@
 #include "env.h"
 #include "numeric.h"
 #include "encoding.h"
-#include "gdiplus.h"
 #include "files.h"
 #include "system.h"
 #include "triangulate.h"
 #include "raster.h"
-#include "gdi.h"
 #include "ini.h"
-#include "psfilter.h"
 
 #endif /* QNUTIL_QNUTIL_H */

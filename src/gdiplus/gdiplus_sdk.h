@@ -7,7 +7,7 @@
 #include <objidl.h>  // PROPID and IStream, left out by WIN32_LEAN_AND_MEAN
 #include <gdiplus.h>
 
-#include "qnutil/gdiplus.h"
+#include "qnutil/gdiplus_win32.h"
 
 namespace qnutil::gdiplus {
 

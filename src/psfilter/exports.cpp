@@ -8,7 +8,7 @@
 #include "psfilter/filter_run.h"
 #include "psfilter/host_callbacks.h"
 #include "psfilter/ps_filter.h"
-#include "qnutil/psfilter.h"
+#include "qnutil/psfilter_win32.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "qnutil/psfilter.h"
+#include "qnutil/psfilter_win32.h"
 
 namespace qnutil::psfilter {
 

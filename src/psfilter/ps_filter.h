@@ -9,7 +9,7 @@
 
 #include "psfilter/filter_record.h"
 #include "psfilter/pipl_parser.h"
-#include "qnutil/psfilter.h"
+#include "qnutil/psfilter_win32.h"
 
 // Named as the host application knows it; opaque to C callers.
 struct PSFilter_ {

@@ -1,7 +1,7 @@
 // The device side of the bmpEx family: device bitmaps and device contexts.
 #include <windows.h>
 
-#include "qnutil/gdi.h"
+#include "qnutil/gdi_win32.h"
 #include "raster/bmpex_call.h"
 
 using qnutil::raster::with_bitmap;

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "qnutil/gdi.h"
+#include "qnutil/gdi_win32.h"
 
 namespace {
 

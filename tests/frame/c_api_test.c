@@ -1,5 +1,5 @@
-/* Compiled as strict C: the public header must be usable from C. */
-#include "qnutil/qnutil.h"
+/* Compiled as strict C: the public headers must be usable from C. */
+#include "qnutil/qnutil_win32.h"
 
 static void QNUTIL_CALL count_boxes(const char* caption, const char* text, void* user) {
   (void)caption;

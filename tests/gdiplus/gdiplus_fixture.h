@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "qnutil/qnutil.h"
+#include "qnutil/qnutil_win32.h"
 
 namespace qnutil_test {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "qnutil/qnutil.h"
+#include "qnutil/qnutil_win32.h"
 #include "support/test_support.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "plugin_paths.h"
-#include "qnutil/qnutil.h"
+#include "qnutil/qnutil_win32.h"
 
 namespace {
 

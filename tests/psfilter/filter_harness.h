@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "plugin_paths.h"
-#include "qnutil/qnutil.h"
+#include "qnutil/qnutil_win32.h"
 
 namespace qnutil_test {
 

@@ -29,7 +29,7 @@ inline uint16_t get16(const std::string& bytes, size_t at) {
 
 inline uint32_t stride_of(int width, int bit_count) { return (static_cast<uint32_t>(width) * (bit_count / 8) + 3) & ~3u; }
 
-struct BmpSpec {
+struct BmpFields {
   int width = 1;
   int height = 1;
   uint16_t bit_count = 24;
@@ -43,37 +43,37 @@ struct BmpSpec {
   int32_t x_pels = 2835;
 };
 
-inline std::string info_header(const BmpSpec& spec) {
+inline std::string info_header(const BmpFields& fields) {
   std::string out;
   put32(out, 40);
-  put32(out, static_cast<uint32_t>(spec.width));
-  put32(out, static_cast<uint32_t>(spec.height));
+  put32(out, static_cast<uint32_t>(fields.width));
+  put32(out, static_cast<uint32_t>(fields.height));
   put16(out, 1);
-  put16(out, spec.bit_count);
+  put16(out, fields.bit_count);
   put32(out, 0);
-  put32(out, spec.size_image);
-  put32(out, static_cast<uint32_t>(spec.x_pels));
+  put32(out, fields.size_image);
+  put32(out, static_cast<uint32_t>(fields.x_pels));
   put32(out, 2835);
-  put32(out, spec.clr_used);
+  put32(out, fields.clr_used);
   put32(out, 0);
   return out;
 }
 
-inline std::string palette_bytes(const BmpSpec& spec) {
+inline std::string palette_bytes(const BmpFields& fields) {
   std::string out;
-  for (uint32_t entry : spec.palette) put32(out, entry);
+  for (uint32_t entry : fields.palette) put32(out, entry);
   return out;
 }
 
-inline std::string bmp_file(const BmpSpec& spec) {
-  const std::string palette = palette_bytes(spec);
+inline std::string bmp_file(const BmpFields& fields) {
+  const std::string palette = palette_bytes(fields);
   std::string out;
   put16(out, 0x4D42);
-  put32(out, static_cast<uint32_t>(54 + palette.size() + spec.pixels.size()));
-  put16(out, spec.reserved1);
-  put16(out, spec.reserved2);
-  put32(out, spec.off_bits ? spec.off_bits : static_cast<uint32_t>(54 + palette.size()));
-  return out + info_header(spec) + palette + spec.pixels;
+  put32(out, static_cast<uint32_t>(54 + palette.size() + fields.pixels.size()));
+  put16(out, fields.reserved1);
+  put16(out, fields.reserved2);
+  put32(out, fields.off_bits ? fields.off_bits : static_cast<uint32_t>(54 + palette.size()));
+  return out + info_header(fields) + palette + fields.pixels;
 }
 
 // Rows of working-format words (bottom-up) as 24-bit file rows.

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "bmp_bytes.h"
-#include "qnutil/qnutil.h"
+#include "qnutil/qnutil_win32.h"
 #include "support/test_support.h"
 
 using namespace raster_test;
@@ -36,7 +36,7 @@ std::string saved_bytes(bmpExHandle handle, const ScratchDir& dir) {
 
 // An object holding one pixel, 0x030201.
 bmpExHandle one_pixel_image() {
-  BmpSpec s;
+  BmpFields s;
   s.pixels = std::string("\x01\x02\x03\x00", 4);
   bmpExHandle handle = new_image();
   bmpExLoadFromBits(handle, bmp_file(s).data());
@@ -76,7 +76,7 @@ TEST(BmpEx, EmptyObjectSavesNothingButSucceeds) {
 
 struct DepthCase {
   const char* name;
-  BmpSpec spec;
+  BmpFields fields;
   std::vector<uint32_t> expected;  // bottom-up words
 };
 
@@ -95,38 +95,38 @@ std::vector<uint32_t> grey_palette(int n) {
 std::vector<DepthCase> depth_cases() {
   std::vector<DepthCase> cases;
   {
-    BmpSpec s;  // 256 entries because biClrUsed is 0
+    BmpFields s;  // 256 entries because biClrUsed is 0
     s.width = 3, s.height = 2, s.bit_count = 8, s.clr_used = 0, s.palette = grey_palette(256);
     s.pixels = std::string("\x00\x01\xFF\x00", 4) + std::string("\x80\x7F\x02\x00", 4);
     const auto p = grey_palette(256);
     cases.push_back({"eight_bit_all_colours", s, {p[0], p[1], p[255], p[128], p[127], p[2]}});
   }
   {
-    BmpSpec s;  // 16 entries: the pixels start at 54 + 64
+    BmpFields s;  // 16 entries: the pixels start at 54 + 64
     s.width = 2, s.height = 2, s.bit_count = 8, s.clr_used = 16, s.palette = grey_palette(16);
     s.pixels = std::string("\x0F\x03\x00\x00", 4) + std::string("\x00\x01\x00\x00", 4);
     cases.push_back({"eight_bit_sixteen_colours", s, {grey_palette(16)[15], grey_palette(16)[3], 0, grey_palette(16)[1]}});
   }
   {
-    BmpSpec s;  // 5-5-5 values land in the byte lanes unscaled
+    BmpFields s;  // 5-5-5 values land in the byte lanes unscaled
     s.width = 3, s.height = 1, s.bit_count = 16;
     s.pixels = le16s({0x7FFF, 0x7C00, 0x001F}) + std::string(2, '\0');
     cases.push_back({"sixteen_bit_unscaled", s, {0x1F1F1F, 0x1F0000, 0x00001F}});
   }
   {
-    BmpSpec s;
+    BmpFields s;
     s.width = 1, s.height = 2, s.bit_count = 24;
     s.pixels = std::string("\x01\x02\x03\x00\x04\x05\x06\x00", 8);
     cases.push_back({"twenty_four_bit_width_one", s, {0x030201, 0x060504}});
   }
   {
-    BmpSpec s;  // width 3: 9 bytes a row padded to 12
+    BmpFields s;  // width 3: 9 bytes a row padded to 12
     s.width = 3, s.height = 1, s.bit_count = 24;
     s.pixels = std::string("\x01\x02\x03\x04\x05\x06\x07\x08\x09\x00\x00\x00", 12);
     cases.push_back({"twenty_four_bit_width_three", s, {0x030201, 0x060504, 0x090807}});
   }
   {
-    BmpSpec s;  // the fourth byte is carried, then dropped by the 24-bit file
+    BmpFields s;  // the fourth byte is carried, then dropped by the 24-bit file
     s.width = 2, s.height = 1, s.bit_count = 32;
     s.pixels = std::string("\x01\x02\x03\xAA\x04\x05\x06\xBB", 8);
     cases.push_back({"thirty_two_bit", s, {0x030201, 0x060504}});
@@ -137,12 +137,12 @@ std::vector<DepthCase> depth_cases() {
 class BmpExDepth : public testing::TestWithParam<DepthCase> {};
 
 TEST_P(BmpExDepth, LoadsAndSaves) {
-  EXPECT_EQ(loaded_pixels(bmp_file(GetParam().spec)), GetParam().expected);
+  EXPECT_EQ(loaded_pixels(bmp_file(GetParam().fields)), GetParam().expected);
 }
 
 TEST_P(BmpExDepth, MemoryLoadersAgreeWithFileLoader) {
   const DepthCase& c = GetParam();
-  const std::string file = bmp_file(c.spec);
+  const std::string file = bmp_file(c.fields);
   ScratchDir dir;
   bmpExHandle handle = new_image();
   EXPECT_EQ(bmpExLoadFromBits(handle, file.data()), 1);
@@ -164,7 +164,7 @@ INSTANTIATE_TEST_SUITE_P(Depths, BmpExDepth, testing::ValuesIn(depth_cases()),
                          [](const auto& info) { return std::string(info.param.name); });
 
 TEST(BmpEx, SavedFileHasExactBytes) {
-  BmpSpec s;
+  BmpFields s;
   s.width = 3, s.height = 2, s.bit_count = 32;
   s.reserved1 = 7, s.reserved2 = 9, s.size_image = 1234, s.x_pels = -5;
   s.pixels = std::string("\x01\x02\x03\xFF\x04\x05\x06\xFF\x07\x08\x09\xFF"
@@ -179,7 +179,7 @@ TEST(BmpEx, SavedFileHasExactBytes) {
   put16(expected, 7);
   put16(expected, 9);
   put32(expected, 54);
-  BmpSpec header = s;
+  BmpFields header = s;
   header.bit_count = 24;  // everything else in the info header as held
   expected += info_header(header);
   expected += std::string("\x01\x02\x03\x04\x05\x06\x07\x08\x09\x00\x00\x00"
@@ -190,7 +190,7 @@ TEST(BmpEx, SavedFileHasExactBytes) {
 }
 
 TEST(BmpEx, TwentyFourBitFileRoundTripsByteForByte) {
-  BmpSpec s;
+  BmpFields s;
   s.width = 5, s.height = 3, s.bit_count = 24;
   const auto words = pattern_words(15, 3);
   std::vector<uint32_t> colours;
@@ -205,7 +205,7 @@ TEST(BmpEx, TwentyFourBitFileRoundTripsByteForByte) {
 
 TEST(BmpEx, LowDepthFilesLeaveTheObjectEmpty) {
   for (uint16_t depth : {1, 4}) {
-    BmpSpec low;
+    BmpFields low;
     low.width = 8, low.height = 1, low.bit_count = depth, low.clr_used = 2, low.palette = {0, 0xFFFFFF};
     low.pixels = std::string(4, '\x55');
     ScratchDir dir;
@@ -224,7 +224,7 @@ TEST(BmpEx, MissingFileKeepsThePreviousImage) {
 }
 
 TEST(BmpEx, OffsetBeyondThePaletteIsReadAsPixels) {
-  BmpSpec s;
+  BmpFields s;
   s.width = 2, s.height = 1, s.bit_count = 24, s.off_bits = 58;
   s.pixels = std::string("\xA1\xA2\xA3\xA4\x01\x02\x03\x04\x05\x06\x00\x00", 12);
   // The four gap bytes are the first pixel and a half.
@@ -232,17 +232,17 @@ TEST(BmpEx, OffsetBeyondThePaletteIsReadAsPixels) {
 }
 
 TEST(BmpEx, ShortFileReadsMissingPixelsAsBlack) {
-  BmpSpec s;
+  BmpFields s;
   s.width = 2, s.height = 2, s.bit_count = 24;
   s.pixels = std::string("\x01\x02\x03\x04\x05\x06\x00\x00\x07", 9);  // second row cut short
   EXPECT_EQ(loaded_pixels(bmp_file(s)), (std::vector<uint32_t>{0x030201, 0x060504, 0x000007, 0x000000}));
 }
 
 TEST(BmpEx, PaletteCountOfAnEarlierImageMovesLaterMemoryPixels) {
-  BmpSpec eight;
+  BmpFields eight;
   eight.width = 1, eight.height = 1, eight.bit_count = 8, eight.clr_used = 16, eight.palette = grey_palette(16);
   eight.pixels = std::string("\x02\x00\x00\x00", 4);
-  BmpSpec deep;
+  BmpFields deep;
   deep.pixels = std::string(64, '\x11') + std::string("\x01\x02\x03\x00", 4);
   ScratchDir dir;
   bmpExHandle handle = new_image();
@@ -253,7 +253,7 @@ TEST(BmpEx, PaletteCountOfAnEarlierImageMovesLaterMemoryPixels) {
 }
 
 TEST(BmpEx, PackedDibReadsPaletteFromFileHeaderOffset) {
-  BmpSpec s;
+  BmpFields s;
   s.width = 1, s.height = 1, s.bit_count = 8, s.clr_used = 2, s.palette = {0x111111, 0x222222};
   // Info header, the 8 palette bytes, then pixels at 40 + 8; the palette
   // itself is read from byte 54.
@@ -275,7 +275,7 @@ TEST(BmpEx, ImpossibleSizesLeaveTheObjectEmpty) {
   } cases[] = {{2, -2, 24, 0},      {-3, 2, 24, 0},         {0x7FFFFFFF, 0x7FFFFFFF, 24, 0},
                {70000, 70000, 32, 0}, {1, 1, 8, 1000000}, {1000, 1000, 65535, 0}};
   for (const Case& c : cases) {
-    BmpSpec s;
+    BmpFields s;
     s.width = c.width, s.height = c.height, s.bit_count = c.depth, s.clr_used = c.clr_used;
     s.pixels = std::string(16, '\x33');
     ScratchDir dir;
@@ -287,7 +287,7 @@ TEST(BmpEx, ImpossibleSizesLeaveTheObjectEmpty) {
 }
 
 TEST(BmpEx, SaveAtEndAppendsToAnExistingFile) {
-  BmpSpec s;
+  BmpFields s;
   s.width = 3, s.height = 2, s.bit_count = 24;
   s.pixels = rows_24bit({1, 2, 3, 4, 5, 6}, 3, 2);
   ScratchDir dir;
@@ -329,7 +329,7 @@ TEST(BmpExOperations, NullHandleGivesZero) {
 }
 
 TEST(BmpExOperations, ReachTheEngine) {
-  BmpSpec s;
+  BmpFields s;
   s.width = 3, s.height = 2, s.bit_count = 24;
   s.pixels = rows_24bit({0x010101, 0x020202, 0x030303, 0x040404, 0x050505, 0x060606}, 3, 2);
   ScratchDir dir;

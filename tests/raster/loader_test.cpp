@@ -8,8 +8,8 @@ using namespace raster_test;
 
 namespace {
 
-BmpSpec two_by_two() {
-  BmpSpec s;
+BmpFields two_by_two() {
+  BmpFields s;
   s.width = 2, s.height = 2, s.bit_count = 24;
   s.pixels = rows_24bit({0x010203, 0x040506, 0x070809, 0x0A0B0C}, 2, 2);
   return s;
@@ -34,7 +34,7 @@ TEST(SizedLoader, BytesBeyondTheLengthReadAsZero) {
 }
 
 TEST(SizedLoader, PackedDibAndSeparateHeadersHonourTheLength) {
-  const BmpSpec s = two_by_two();
+  const BmpFields s = two_by_two();
   const std::string dib = info_header(s) + s.pixels;
   CQnBitmap image;
   image.LoadFromBits2(dib.data(), 0, 40 + 8);  // first row only
@@ -47,7 +47,7 @@ TEST(SizedLoader, PackedDibAndSeparateHeadersHonourTheLength) {
 }
 
 TEST(SizedLoader, SixteenBitMaximumStaysDark) {
-  BmpSpec s;
+  BmpFields s;
   s.width = 1, s.bit_count = 16, s.pixels = std::string("\xFF\x7F\x00\x00", 4);
   const std::string file = bmp_file(s);
   CQnBitmap image;
@@ -56,7 +56,7 @@ TEST(SizedLoader, SixteenBitMaximumStaysDark) {
 }
 
 TEST(SaveToMemory, LeavesRoomForThePaletteCountAsItStands) {
-  BmpSpec eight;
+  BmpFields eight;
   eight.width = 1, eight.bit_count = 8, eight.clr_used = 4, eight.palette = {1, 2, 3, 0x445566};
   eight.pixels = std::string("\x03\x00\x00\x00", 4);
   const std::string file = bmp_file(eight);

@@ -70,7 +70,7 @@ TEST(PilInterop, WritesFilesForPil) {
   uint32_t seed = 1;
   for (const auto& size : sizes) {
     const int width = size[0], height = size[1];
-    BmpSpec s;
+    BmpFields s;
     s.width = width, s.height = height, s.bit_count = 32;
     const auto words = pattern_words(size_t(width) * height, seed++);
     for (uint32_t w : words) put32(s.pixels, w);

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "gdi_test_support.h"
-#include "qnutil/gdi.h"
-#include "qnutil/qnutil.h"
+#include "qnutil/gdi_win32.h"
+#include "qnutil/qnutil_win32.h"
 
 using gdi_test::DibCanvas;
 using gdi_test::word_of;

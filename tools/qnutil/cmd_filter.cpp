@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "qnutil/qnutil.h"
+#include "qnutil/qnutil_win32.h"
 #include "registry.h"
 
 namespace qnutil_tool {

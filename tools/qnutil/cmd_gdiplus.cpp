@@ -3,7 +3,7 @@
 #include <cstring>
 #include <string>
 
-#include "qnutil/qnutil.h"
+#include "qnutil/qnutil_win32.h"
 #include "registry.h"
 
 namespace qnutil_tool {

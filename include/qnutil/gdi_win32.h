@@ -7,8 +7,8 @@
  * types (HBITMAP is struct HBITMAP__*, and so on), so this header needs no
  * <windows.h> and accepts its handles unchanged.
  */
-#ifndef QNUTIL_GDI_H
-#define QNUTIL_GDI_H
+#ifndef QNUTIL_GDI_WIN32_H
+#define QNUTIL_GDI_WIN32_H
 
 #include "common.h"
 #include "raster.h"
@@ -84,4 +84,4 @@ QNUTIL_EXTERN_C_END
 
 #endif /* _WIN32 */
 
-#endif /* QNUTIL_GDI_H */
+#endif /* QNUTIL_GDI_WIN32_H */

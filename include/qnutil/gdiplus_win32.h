@@ -20,8 +20,8 @@
  * about the centre (cx, cy). Pen widths of the RGB exports are multiplied
  * by 10.
  */
-#ifndef QNUTIL_GDIPLUS_H
-#define QNUTIL_GDIPLUS_H
+#ifndef QNUTIL_GDIPLUS_WIN32_H
+#define QNUTIL_GDIPLUS_WIN32_H
 
 #include "common.h"
 
@@ -202,4 +202,4 @@ QNUTIL_API int QNUTIL_CALL gdiPlusPrintImage(void* image, struct HDC__* dc, int 
 
 #endif /* _WIN32 */
 
-#endif /* QNUTIL_GDIPLUS_H */
+#endif /* QNUTIL_GDIPLUS_WIN32_H */

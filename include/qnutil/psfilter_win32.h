@@ -12,8 +12,8 @@
  * library's 1/0 int. Only one filter may run at a time in the process, on
  * the caller's thread.
  */
-#ifndef QNUTIL_PSFILTER_H
-#define QNUTIL_PSFILTER_H
+#ifndef QNUTIL_PSFILTER_WIN32_H
+#define QNUTIL_PSFILTER_WIN32_H
 
 #include "common.h"
 
@@ -95,4 +95,4 @@ QNUTIL_EXTERN_C_END
 
 #endif /* _WIN32 */
 
-#endif /* QNUTIL_PSFILTER_H */
+#endif /* QNUTIL_PSFILTER_WIN32_H */
