@@ -51,9 +51,15 @@ function(qnutil_add_msvc_import_library target def_file)
   set_property(TARGET ${target} PROPERTY QNUTIL_MSVC_IMPORT_LIB ${msvc_lib})
 endfunction()
 
-# Writes the .def (Windows) or version script (ELF) and attaches it to TARGET.
+# Writes the .def (Windows) or version script (ELF) and attaches it to TARGET;
+# the names this target exports are also written one per line to the file
+# in the target's QNUTIL_EXPORTED_NAMES property, for the export test.
 function(qnutil_apply_export_manifest target)
   qnutil_read_export_manifest(names)
+  set(names_file ${CMAKE_CURRENT_BINARY_DIR}/exported-names.txt)
+  list(JOIN names "\n" names_text)
+  file(CONFIGURE OUTPUT ${names_file} CONTENT "${names_text}\n" @ONLY)
+  set_property(TARGET ${target} PROPERTY QNUTIL_EXPORTED_NAMES ${names_file})
   if(WIN32)
     set(def_file ${CMAKE_CURRENT_BINARY_DIR}/QnUtil.def)
     set(text "LIBRARY QnUtil.dll\nEXPORTS\n")

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
-"""Compares a built library's export table with the export manifest and,
-for Windows DLLs, checks that only system DLLs are imported."""
+"""Compares a built library's export table (and the MSVC import library)
+with the names the export manifest gives for the target and, for Windows
+DLLs, checks that only system DLLs are imported."""
 import argparse
 import re
 import subprocess
@@ -16,17 +17,11 @@ SYSTEM_DLLS = {
 ELF_LINKER_SYMBOLS = {"_init", "_fini", "_edata", "_end", "__bss_start"}
 
 
-def manifest_names(path, windows):
-    names = set()
+def expected_names(path):
+    """The names the build exports, one per line (resolved from the manifest
+    for the target by the build)."""
     with open(path, encoding="utf-8") as f:
-        for raw in f:
-            line = raw.split("#", 1)[0].split()
-            if not line:
-                continue
-            if len(line) > 1 and line[1] == "windows" and not windows:
-                continue
-            names.add(line[0])
-    return names
+        return {line.strip() for line in f if line.strip()}
 
 
 def pe_tables(objdump, binary):
@@ -93,7 +88,7 @@ def compare(what, expected, actual):
 
 def main():
     ap = argparse.ArgumentParser()
-    ap.add_argument("--manifest", required=True)
+    ap.add_argument("--names", required=True, help="file of the names to export")
     ap.add_argument("--kind", choices=["pe", "elf"], required=True)
     ap.add_argument("--objdump", default="objdump")
     ap.add_argument("--import-lib", help="MSVC import library to check as well")
@@ -101,7 +96,7 @@ def main():
     ap.add_argument("binary")
     args = ap.parse_args()
 
-    expected = manifest_names(args.manifest, windows=args.kind == "pe")
+    expected = expected_names(args.names)
     failed = False
     if args.kind == "pe":
         exports, imports = pe_tables(args.objdump, args.binary)
