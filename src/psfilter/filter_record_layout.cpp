@@ -147,22 +147,28 @@ QNUTIL_ASSERT_OFFSET(FilterRecord, allowOverrangeColors, 440, 560);
 QNUTIL_ASSERT_OFFSET(FilterRecord, reserved, 441, 561);
 QNUTIL_ASSERT_SIZE(FilterRecord, 488, 608);
 
-QNUTIL_ASSERT_OFFSET(BufferProcs, allocateProc, 4, 8);
-QNUTIL_ASSERT_OFFSET(BufferProcs, lockProc, 8, 16);
-QNUTIL_ASSERT_OFFSET(BufferProcs, unlockProc, 12, 24);
-QNUTIL_ASSERT_OFFSET(BufferProcs, freeProc, 16, 32);
-QNUTIL_ASSERT_OFFSET(BufferProcs, spaceProc, 20, 40);
-QNUTIL_ASSERT_SIZE(BufferProcs, 24, 48);
+// The suites: a 16-bit version and count, then one procedure pointer per
+// pointer-sized slot.
+#define QNUTIL_ASSERT_SLOT(type, field, slot) \
+  static_assert(offsetof(type, field) == (slot) * sizeof(void*), #type "::" #field)
+#define QNUTIL_ASSERT_SLOTS(type, slots) static_assert(sizeof(type) == (slots) * sizeof(void*), "sizeof " #type)
 
-QNUTIL_ASSERT_OFFSET(HandleProcs, newProc, 4, 8);
-QNUTIL_ASSERT_OFFSET(HandleProcs, disposeProc, 8, 16);
-QNUTIL_ASSERT_OFFSET(HandleProcs, getSizeProc, 12, 24);
-QNUTIL_ASSERT_OFFSET(HandleProcs, setSizeProc, 16, 32);
-QNUTIL_ASSERT_OFFSET(HandleProcs, lockProc, 20, 40);
-QNUTIL_ASSERT_OFFSET(HandleProcs, unlockProc, 24, 48);
-QNUTIL_ASSERT_OFFSET(HandleProcs, recoverSpaceProc, 28, 56);
-QNUTIL_ASSERT_OFFSET(HandleProcs, disposeRegularHandleProc, 32, 64);
-QNUTIL_ASSERT_SIZE(HandleProcs, 36, 72);
+QNUTIL_ASSERT_SLOT(BufferProcs, allocateProc, 1);
+QNUTIL_ASSERT_SLOT(BufferProcs, lockProc, 2);
+QNUTIL_ASSERT_SLOT(BufferProcs, unlockProc, 3);
+QNUTIL_ASSERT_SLOT(BufferProcs, freeProc, 4);
+QNUTIL_ASSERT_SLOT(BufferProcs, spaceProc, 5);
+QNUTIL_ASSERT_SLOTS(BufferProcs, 6);
+
+QNUTIL_ASSERT_SLOT(HandleProcs, newProc, 1);
+QNUTIL_ASSERT_SLOT(HandleProcs, disposeProc, 2);
+QNUTIL_ASSERT_SLOT(HandleProcs, getSizeProc, 3);
+QNUTIL_ASSERT_SLOT(HandleProcs, setSizeProc, 4);
+QNUTIL_ASSERT_SLOT(HandleProcs, lockProc, 5);
+QNUTIL_ASSERT_SLOT(HandleProcs, unlockProc, 6);
+QNUTIL_ASSERT_SLOT(HandleProcs, recoverSpaceProc, 7);
+QNUTIL_ASSERT_SLOT(HandleProcs, disposeRegularHandleProc, 8);
+QNUTIL_ASSERT_SLOTS(HandleProcs, 9);
 
 QNUTIL_ASSERT_OFFSET(PSPixelMap, bounds, 4, 4);
 QNUTIL_ASSERT_OFFSET(PSPixelMap, imageMode, 20, 20);
@@ -181,6 +187,8 @@ QNUTIL_ASSERT_SIZE(PSPixelMap, 68, 88);
 
 #undef QNUTIL_ASSERT_OFFSET
 #undef QNUTIL_ASSERT_SIZE
+#undef QNUTIL_ASSERT_SLOT
+#undef QNUTIL_ASSERT_SLOTS
 
 }  // namespace
 }  // namespace qnutil::psfilter
