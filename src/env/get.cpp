@@ -57,6 +57,18 @@ int get_single(EnvHandle* env, const char* section, const char* path, int direct
   return status;
 }
 
+// The numeric list getters: every item converted into values[i].
+template <class Value, class Convert>
+int get_numbers(EnvHandle* env, const char* section, const char* path, int direct, int* count,
+                Value* values, ItemSyntax syntax, Convert convert) {
+  return get_items(env, section, path, direct, count, syntax,
+                   [values, convert](std::size_t i, std::string_view item) {
+                     if (!values) return false;
+                     values[i] = convert(item);
+                     return true;
+                   });
+}
+
 // Copies text into a buffer of `size` bytes; what fits when it does not.
 bool copy_fitting(std::string_view text, int size, char* buffer) {
   if (!buffer || size < 1) return false;
@@ -139,12 +151,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_get_longs(EnvHandle* env, const char* 
                                                     const char* path, int direct, int* count,
                                                     long* values) {
   return guard_export(ENV_ERROR, [&] {
-    return get_items(env, section, path, direct, count, ItemSyntax::integer,
-                     [values](std::size_t i, std::string_view item) {
-                       if (!values) return false;
-                       values[i] = integer_value(item);
-                       return true;
-                     });
+    return get_numbers(env, section, path, direct, count, values, ItemSyntax::integer,
+                       integer_value);
   });
 }
 
@@ -152,12 +160,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_get_doubles(EnvHandle* env, const char
                                                       const char* path, int direct, int* count,
                                                       double* values) {
   return guard_export(ENV_ERROR, [&] {
-    return get_items(env, section, path, direct, count, ItemSyntax::real,
-                     [values](std::size_t i, std::string_view item) {
-                       if (!values) return false;
-                       values[i] = real_value(item);
-                       return true;
-                     });
+    return get_numbers(env, section, path, direct, count, values, ItemSyntax::real,
+                       real_value);
   });
 }
 

@@ -7,6 +7,7 @@
 #include "env/handle.h"
 #include "env/lookup.h"
 #include "frame/export_guard.h"
+#include "frame/text_format.h"
 
 using qnutil::frame::guard_export;
 
@@ -58,16 +59,19 @@ std::string join_values(int count, const auto& format_one) {
   return joined;
 }
 
-std::string format_long(long value) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%ld", value);
-  return text;
-}
+std::string format_long(long value) { return qnutil::frame::format_text("%ld", value); }
+std::string format_double(double value) { return qnutil::frame::format_text("%g", value); }
 
-std::string format_double(double value) {
-  char text[64];
-  std::snprintf(text, sizeof text, "%g", value);
-  return text;
+// The list puts: the items formatted one by one and joined with commas.
+template <class Value, class Format>
+int put_list(EnvHandle* env, const char* section, const char* path, int count,
+             const Value* values, Format format_one) {
+  if (count < 1 || !values) return ENV_ERROR;
+  return guard_export(ENV_ERROR, [&] {
+    const std::string joined =
+        join_values(count, [&](int i) { return format_one(values[i]); });
+    return env_put(env, section, path, joined.c_str());
+  });
 }
 
 }  // namespace
@@ -143,34 +147,19 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_put_format(EnvHandle* env, const char*
 extern "C" QNUTIL_API int QNUTIL_CALL env_put_longs(EnvHandle* env, const char* section,
                                                     const char* path, int count,
                                                     const long* values) {
-  if (count < 1 || !values) return ENV_ERROR;
-  return guard_export(ENV_ERROR, [&] {
-    const std::string joined =
-        join_values(count, [values](int i) { return format_long(values[i]); });
-    return env_put(env, section, path, joined.c_str());
-  });
+  return put_list(env, section, path, count, values, format_long);
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL env_put_doubles(EnvHandle* env, const char* section,
                                                       const char* path, int count,
                                                       const double* values) {
-  if (count < 1 || !values) return ENV_ERROR;
-  return guard_export(ENV_ERROR, [&] {
-    const std::string joined =
-        join_values(count, [values](int i) { return format_double(values[i]); });
-    return env_put(env, section, path, joined.c_str());
-  });
+  return put_list(env, section, path, count, values, format_double);
 }
 
 // A null entry stands for the empty text.
 extern "C" QNUTIL_API int QNUTIL_CALL env_put_strings(EnvHandle* env, const char* section,
                                                       const char* path, int count,
                                                       const char** values) {
-  if (count < 1 || !values) return ENV_ERROR;
-  return guard_export(ENV_ERROR, [&] {
-    const std::string joined = join_values(count, [values](int i) {
-      return std::string(values[i] ? values[i] : "");
-    });
-    return env_put(env, section, path, joined.c_str());
-  });
+  return put_list(env, section, path, count, values,
+                  [](const char* value) { return std::string(value ? value : ""); });
 }

@@ -20,19 +20,19 @@ bool found_in_current_folder(const std::string& name, std::string& path) {
   return platform::path_exists(path.c_str());
 }
 
-bool found_in_mb_folder(const std::string& name, std::string& path) {
-  std::string folder;
-  if (!platform::environment_variable("MB", folder)) return false;
-  path = compose_path("", folder.c_str(), name.c_str());
-  return platform::path_exists(path.c_str());
-}
-
 bool found_at_root(const std::string& name, std::string& path) {
   path = platform::system_drive_root() + name;
   return platform::path_exists(path.c_str());
 }
 
 }  // namespace
+
+bool find_in_mb_folder(const std::string& name, std::string& path) {
+  std::string folder;
+  if (!platform::environment_variable("MB", folder)) return false;
+  path = compose_path("", folder.c_str(), name.c_str());
+  return platform::path_exists(path.c_str());
+}
 
 std::string find_configuration_file() {
   // The counter wraps from 0 to 65535. The host guarantees one of the files
@@ -43,7 +43,7 @@ std::string find_configuration_file() {
   for (unsigned tried = 0; tried <= UINT16_MAX; ++tried, --number) {
     const std::string name = numbered_name(number);
     std::string path;
-    if (found_in_current_folder(name, path) || found_in_mb_folder(name, path) ||
+    if (found_in_current_folder(name, path) || find_in_mb_folder(name, path) ||
         found_at_root(name, path)) {
       return path;
     }

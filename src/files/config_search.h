@@ -12,4 +12,8 @@ namespace qnutil::files {
 // downward, each in the three places in turn.
 std::string find_configuration_file();
 
+// Path of `name` in the folder named by the variable MB; false when the
+// variable is unset or the file is not there.
+bool find_in_mb_folder(const std::string& name, std::string& path);
+
 }  // namespace qnutil::files

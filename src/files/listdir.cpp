@@ -1,10 +1,9 @@
 // QnUtil_Listdir / QnUtil_FreeEntries: a folder listing as one C block of
 // fixed 272-byte records that the host walks by index.
-#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
-#include <cstring>
 
+#include "files/path_pieces.h"
 #include "frame/export_guard.h"
 #include "platform/directory_search.h"
 #include "qnutil/files.h"
@@ -24,9 +23,7 @@ constexpr unsigned kGrowth = 10;
 constexpr std::uint32_t kUnknownTime = 315529200;
 
 void fill(const qnutil::platform::FoundEntry& found, QnUtilDirEntry& entry) {
-  const std::size_t length = std::min(found.name.size(), sizeof entry.name - 1);
-  std::memcpy(entry.name, found.name.data(), length);
-  entry.name[length] = '\0';
+  qnutil::files::copy_cut(entry.name, sizeof entry.name, found.name.data(), found.name.size());
   std::uint32_t flags = found.folder ? QNUTIL_ENTRY_FOLDER : QNUTIL_ENTRY_FILE;
   if (found.read_only) flags |= QNUTIL_ENTRY_READONLY;
   if (found.hidden) flags |= QNUTIL_ENTRY_HIDDEN;

@@ -1,6 +1,5 @@
 // QnUtil_MB_*: finding files and folders through the host's configuration
 // file and reading its values.
-#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -25,9 +24,7 @@ constexpr int kLineNoEntry = 92;
 
 // `out` holds QNUTIL_PATH_SIZE bytes.
 void copy_path(char* out, const std::string& path) {
-  const std::size_t length = std::min(path.size(), std::size_t{QNUTIL_PATH_SIZE - 1});
-  std::memcpy(out, path.data(), length);
-  out[length] = '\0';
+  qnutil::files::copy_cut(out, QNUTIL_PATH_SIZE, path.data(), path.size());
 }
 
 bool is_empty(const char* text) { return text == nullptr || *text == '\0'; }
@@ -61,12 +58,9 @@ int search_file(const char* section, const char* key, const char* name, char* ou
     copy_path(out, compose_path("", folder.c_str(), name));
     return 0;
   }
-  if (qnutil::platform::environment_variable("MB", folder)) {
-    const std::string path = compose_path("", folder.c_str(), name);
-    if (qnutil::platform::path_exists(path.c_str())) {
-      copy_path(out, path);
-      return 0;
-    }
+  if (std::string path; qnutil::files::find_in_mb_folder(name, path)) {
+    copy_path(out, path);
+    return 0;
   }
   const std::string configuration = qnutil::files::find_configuration_file();
   if (configuration.empty()) return -1;

@@ -1,5 +1,4 @@
 // Exports of path splitting and composition.
-#include <algorithm>
 #include <cstring>
 
 #include "files/path_pieces.h"
@@ -25,10 +24,7 @@ extern "C" QNUTIL_API char* QNUTIL_CALL QnUtil_Makepath(char* out, const char* b
   if (out == nullptr) return nullptr;
   return qnutil::frame::guard_export<char*>(nullptr, [&] {
     const std::string path = compose_path(base, sub, file);
-    // The buffer's size is the contract; never write past it.
-    const std::size_t length = std::min(path.size(), kPathSize - 1);
-    std::memcpy(out, path.data(), length);
-    out[length] = '\0';
+    copy_cut(out, kPathSize, path.data(), path.size());
     return out;
   });
 }

@@ -8,12 +8,6 @@
 namespace qnutil::files {
 namespace {
 
-void copy_cut(char* target, std::size_t size, const char* source, std::size_t length) {
-  if (length > size - 1) length = size - 1;
-  std::memcpy(target, source, length);
-  target[length] = '\0';
-}
-
 // Start of the name: just after the last separator that is a character of
 // its own, not the trail byte of a double-byte character.
 const char* name_start(const char* text) {
@@ -34,6 +28,12 @@ std::string joined(const PathPieces& pieces) {
 }
 
 }  // namespace
+
+void copy_cut(char* target, std::size_t size, const char* source, std::size_t length) {
+  if (length > size - 1) length = size - 1;
+  std::memcpy(target, source, length);
+  target[length] = '\0';
+}
 
 void split_path(const char* path, PathPieces& pieces) {
   pieces.drive[0] = pieces.folder[0] = pieces.name[0] = '\0';

@@ -29,6 +29,11 @@ void split_path(const char* path, PathPieces& pieces);
 // platform's paths are. Any piece may be null.
 std::string compose_path(const char* base, const char* sub, const char* file);
 
+// Copies `length` bytes of `source` into `target` (`size` bytes), cut to
+// fit and terminated: the fixed buffers of the C interface are the
+// contract, never written past.
+void copy_cut(char* target, std::size_t size, const char* source, std::size_t length);
+
 // Index of the last character's first byte, stepping over double-byte
 // characters from the start; npos for an empty text.
 std::size_t last_character_index(const std::string& text);

@@ -1,9 +1,9 @@
 #include "qnutil/CQnIniFile.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <limits>
 
+#include "frame/text_format.h"
 #include "ini/ini_access.h"
 #include "platform/profile.h"
 
@@ -42,16 +42,12 @@ bool CQnIniFile::FileWriteString(const char* file, const char* section, const ch
 }
 
 bool CQnIniFile::FileWriteInt(const char* file, const char* section, const char* key, int value) {
-  char text[16];
-  std::snprintf(text, sizeof text, "%ld", static_cast<long>(value));
-  return FileWriteString(file, section, key, text);
+  return FileWriteString(file, section, key, qnutil::frame::format_text("%d", value).c_str());
 }
 
 bool CQnIniFile::FileWriteDouble(const char* file, const char* section, const char* key,
                                  double value) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%lg", value);
-  return FileWriteString(file, section, key, text);
+  return FileWriteString(file, section, key, qnutil::frame::format_text("%lg", value).c_str());
 }
 
 std::string CQnIniFile::ReadString(const char* section, const char* key) const {

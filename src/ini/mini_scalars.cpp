@@ -17,9 +17,6 @@ using qnutil::ini::ini_file;
 
 namespace {
 
-constexpr int kOk = QNUTIL_OK;
-constexpr int kFailed = QNUTIL_FAILED;
-
 bool is_missing(const std::string& value) { return value == qnutil::ini::kMissingMarker; }
 
 // strtol as a 32-bit long has it on every target: out-of-range values
@@ -33,32 +30,32 @@ long to_long32(const char* text) {
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_read_long(MiniHandle handle, const char* section,
                                                      const char* key, long* out) {
-  if (!handle || !section || !key || !out) return kFailed;
-  return guard_export(kFailed, [&] {
+  if (!handle || !section || !key || !out) return QNUTIL_FAILED;
+  return guard_export(QNUTIL_FAILED, [&] {
     const std::string value = ini_file(handle)->ReadString(section, key);
-    if (is_missing(value)) return kFailed;
+    if (is_missing(value)) return QNUTIL_FAILED;
     *out = to_long32(value.c_str());
-    return kOk;
+    return QNUTIL_OK;
   });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_read_double(MiniHandle handle, const char* section,
                                                        const char* key, double* out) {
-  if (!handle || !section || !key || !out) return kFailed;
-  return guard_export(kFailed, [&] {
+  if (!handle || !section || !key || !out) return QNUTIL_FAILED;
+  return guard_export(QNUTIL_FAILED, [&] {
     const double value = ini_file(handle)->ReadDouble(section, key);
-    if (value == HUGE_VAL) return kFailed;
+    if (value == HUGE_VAL) return QNUTIL_FAILED;
     *out = value;
-    return kOk;
+    return QNUTIL_OK;
   });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_read_string(MiniHandle handle, const char* section,
                                                        const char* key, char* buf, unsigned int* len) {
-  if (!handle || !section || !key || !buf || !len) return kFailed;
-  return guard_export(kFailed, [&] {
+  if (!handle || !section || !key || !buf || !len) return QNUTIL_FAILED;
+  return guard_export(QNUTIL_FAILED, [&] {
     const std::string value = ini_file(handle)->ReadString(section, key);
-    if (is_missing(value)) return kFailed;
+    if (is_missing(value)) return QNUTIL_FAILED;
     if (value.size() >= *len) {
       qnutil::ini::copy_multibyte_bytes(buf, value.c_str(), *len);
       buf[*len] = '\0';
@@ -66,30 +63,30 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_read_string(MiniHandle handle, const 
       std::memcpy(buf, value.c_str(), value.size() + 1);
       *len = static_cast<unsigned int>(value.size());
     }
-    return kOk;
+    return QNUTIL_OK;
   });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_write_long(MiniHandle handle, const char* section,
                                                       const char* key, long value) {
-  if (!handle || !section || !key) return kFailed;
-  return guard_export(kFailed, [&] {
-    return ini_file(handle)->WriteInt(section, key, static_cast<int>(value)) ? kOk : kFailed;
+  if (!handle || !section || !key) return QNUTIL_FAILED;
+  return guard_export(QNUTIL_FAILED, [&] {
+    return ini_file(handle)->WriteInt(section, key, static_cast<int>(value)) ? QNUTIL_OK : QNUTIL_FAILED;
   });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_write_double(MiniHandle handle, const char* section,
                                                         const char* key, double value) {
-  if (!handle || !section || !key) return kFailed;
-  return guard_export(kFailed, [&] {
-    return ini_file(handle)->WriteDouble(section, key, value) ? kOk : kFailed;
+  if (!handle || !section || !key) return QNUTIL_FAILED;
+  return guard_export(QNUTIL_FAILED, [&] {
+    return ini_file(handle)->WriteDouble(section, key, value) ? QNUTIL_OK : QNUTIL_FAILED;
   });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_write_string(MiniHandle handle, const char* section,
                                                         const char* key, const char* value) {
-  if (!handle || !section || !key || !value) return kFailed;
-  return guard_export(kFailed, [&] {
-    return ini_file(handle)->WriteString(section, key, value) ? kOk : kFailed;
+  if (!handle || !section || !key || !value) return QNUTIL_FAILED;
+  return guard_export(QNUTIL_FAILED, [&] {
+    return ini_file(handle)->WriteString(section, key, value) ? QNUTIL_OK : QNUTIL_FAILED;
   });
 }

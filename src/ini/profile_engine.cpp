@@ -89,19 +89,22 @@ ParsedFileCache& cache() {
 
 bool has_path(const char* file) { return file && *file; }
 
+// What reads see: an unnamed file is no file at all.
+ParsedFileCache::Loaded load_for_reading(const char* file) {
+  return has_path(file) ? cache().load(file) : ParsedFileCache::Loaded{};
+}
+
 }  // namespace
 
 std::uint32_t profile_get_string(const char* section, const char* key, const char* fallback,
                                  char* buffer, std::uint32_t size, const char* file) {
   std::lock_guard lock(profile_lock);
-  const auto loaded = has_path(file) ? cache().load(file) : ParsedFileCache::Loaded{};
-  return query_profile_string(loaded.text.get(), section, key, fallback, buffer, size);
+  return query_profile_string(load_for_reading(file).text.get(), section, key, fallback, buffer, size);
 }
 
 std::uint32_t profile_get_int(const char* section, const char* key, int fallback, const char* file) {
   std::lock_guard lock(profile_lock);
-  const auto loaded = has_path(file) ? cache().load(file) : ParsedFileCache::Loaded{};
-  return query_profile_int(loaded.text.get(), section, key, fallback);
+  return query_profile_int(load_for_reading(file).text.get(), section, key, fallback);
 }
 
 bool profile_write_string(const char* section, const char* key, const char* value, const char* file) {

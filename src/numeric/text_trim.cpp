@@ -14,21 +14,21 @@ bool is_white(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 char* trim(char* s, bool trailing) {
   if (!s) return s;
-  const std::size_t original_length = std::strlen(s);
   const char* begin = s;
   while (is_white(*begin)) ++begin;
-  const char* end = begin + std::strlen(begin);
+  const char* const end = begin + std::strlen(begin);
+  const char* kept_end = end;
   if (trailing) {
-    end = begin;
-    for (const char* p = begin; *p != '\0';) {
+    kept_end = begin;
+    for (const char* p = begin; p != end;) {
       const std::size_t length = qnutil::numeric::character_length(p);
-      if (!is_white(*p)) end = p + length;
+      if (!is_white(*p)) kept_end = p + length;
       p += length;
     }
   }
-  const auto kept = static_cast<std::size_t>(end - begin);
+  const auto kept = static_cast<std::size_t>(kept_end - begin);
   std::memmove(s, begin, kept);
-  std::memset(s + kept, 0, original_length - kept);
+  std::memset(s + kept, 0, static_cast<std::size_t>(end - s) - kept);
   return s;
 }
 
