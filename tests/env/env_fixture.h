@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "qnutil/env.h"
@@ -22,42 +25,41 @@ class Env {
   Env(const Env&) = delete;
   Env& operator=(const Env&) = delete;
   operator EnvHandle*() const { return handle_; }
-  EnvHandle* release() {
-    EnvHandle* h = handle_;
-    handle_ = nullptr;
-    return h;
-  }
+  EnvHandle* release() { return std::exchange(handle_, nullptr); }
 
  private:
   EnvHandle* handle_;
 };
 
-struct StringSource {
-  std::string text;
-  std::size_t pos = 0;
-};
-
-inline int QNUTIL_CALL next_char(void* context) {
-  auto* source = static_cast<StringSource*>(context);
-  if (source->pos >= source->text.size()) return -1;
-  return static_cast<signed char>(source->text[source->pos++]);
-}
-
+// Bytes are handed on as signed chars, as a C caller's plain char would
+// be: 0xFF arrives as -1 and ends the input.
 inline int read_text(EnvHandle* env, const std::string& text) {
-  StringSource source{text};
-  return env_read(next_char, &source, env);
-}
-
-inline void QNUTIL_CALL append_char(int ch, void* context) {
-  static_cast<std::string*>(context)->push_back(static_cast<char>(ch));
+  struct Source {
+    const std::string& text;
+    std::size_t pos = 0;
+  } source{text};
+  return env_read(
+      [](void* context) -> int {
+        auto* s = static_cast<Source*>(context);
+        return s->pos < s->text.size() ? static_cast<signed char>(s->text[s->pos++]) : -1;
+      },
+      &source, env);
 }
 
 inline std::string write_text(EnvHandle* env) {
   std::string out;
-  env_write(append_char, &out, env);
+  env_write([](int ch, void* o) { static_cast<std::string*>(o)->push_back(static_cast<char>(ch)); },
+            &out, env);
   return out;
 }
 
+// Stores each {section, path, text}; every put must succeed.
+inline void put_all(EnvHandle* env, std::initializer_list<std::array<const char*, 3>> entries) {
+  for (const auto& [section, path, text] : entries)
+    ASSERT_EQ(env_put(env, section, path, text), ENV_OK) << section << " " << (path ? path : "");
+}
+
+// The data text, or "<status>" when the get fails.
 inline std::string get_text(EnvHandle* env, const char* section, const char* path,
                             int direct = 1) {
   char buf[4096];

@@ -7,42 +7,57 @@
 
 using env_test::Env;
 using env_test::get_text;
+using env_test::put_all;
 using qnutil_test::MessageCapture;
 
 namespace {
 
-// Restores the default delimiter after a test that changed it.
-class DelimiterGuard {
- public:
-  ~DelimiterGuard() { env_set_delimiter("@"); }
+struct LookupCase {
+  const char* path;
+  int direct;
+  const char* expected;  // the data text, or "<code>" for a failed get
 };
 
-TEST(EnvPaths, DuplicateNamesAreKeptAndNumbered) {
+class EnvLookup : public ::testing::TestWithParam<LookupCase> {};
+
+// Everything stored by puts, so that creation with occurrence numbers is
+// exercised by the same table.
+TEST_P(EnvLookup, FindsTheElement) {
   Env env;
-  ASSERT_EQ(env_put(env, "S", "wall@height", "1"), ENV_OK);
-  ASSERT_EQ(env_put(env, "S", "wall@2@height", "2"), ENV_OK);
-  ASSERT_EQ(env_put(env, "S", "wall@2@layer", "L"), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "wall@height"), "1");
-  EXPECT_EQ(get_text(env, "S", "wall@1@height"), "1");
-  EXPECT_EQ(get_text(env, "S", "wall@2@height"), "2");
-  EXPECT_EQ(get_text(env, "S", "wall@2@layer"), "L");
+  put_all(env, {{"S", "a", "1"}, {"S", "wall@height", "1"}, {"S", "wall@2@height", "2"},
+                {"S", "wall@2@layer", "L"},
+                {"S", "blk@a", "first"}, {"S", "blk@a@3", "third"}, {"S", "p@q@name", "deep"},
+                {"S", "r@name", "shallow"}, {"S", "r@name@2", "shallow two"},
+                {"S", "7", "seven"},  // a first component is a name
+                {"S", "d@1@5", "five"},  // after a number, a name again
+                {"S", "t", "text"}, {"S", "t@b@2@c", "below data"}});
+  const LookupCase& c = GetParam();
+  EXPECT_EQ(get_text(env, "S", c.path, c.direct), c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Paths, EnvLookup,
+    ::testing::Values(
+        LookupCase{"wall@height", 1, "1"}, LookupCase{"wall@1@height", 1, "1"},
+        LookupCase{"wall@2@height", 1, "2"}, LookupCase{"wall@2@layer", 1, "L"},
+        LookupCase{"blk@a@2", 1, ""},  // the gap is filled with empty data
+        LookupCase{"blk@a@3", 1, "third"}, LookupCase{"whatever@0", 1, "1"},  // the first element
+        LookupCase{"name", 0, "shallow"},  // breadth first: the shallowest list
+        LookupCase{"name@2", 0, "shallow two"}, LookupCase{"q@name", 0, "deep"},
+        LookupCase{"name@3", 0, "<-4>"}, LookupCase{"7", 1, "seven"},
+        LookupCase{"d@1@5@1", 1, "five"}, LookupCase{"d@5", 1, "<-4>"},  // "5" is a number here
+        LookupCase{"t", 1, "<-1>"},  // creation below data turned it into a block
+        LookupCase{"t@b@1", 1, ""}, LookupCase{"t@b@2@c", 1, "below data"}));
+
+TEST(EnvPaths, CountsAndCreationUnderEmptyBlocks) {
+  Env env;
+  put_all(env, {{"S", "wall@height", "1"}, {"S", "wall@2@height", "2"}, {"S", "blk@a@3", "x"}});
   EXPECT_EQ(env_count_path(env, "S", "wall", 1), 2);
   EXPECT_EQ(env_count_path(env, "S", "wall@2@height", 1), 1);
   EXPECT_EQ(env_count_path(env, "S", "nothing", 1), 0);
-  MessageCapture quiet;
-  EXPECT_EQ(env_count_path(env, "S", "@", 1), ENV_BAD_PATH);
-  EXPECT_EQ(env_count_path(nullptr, "S", "wall", 1), ENV_ERROR);
-}
-
-TEST(EnvPaths, CreationFillsMissingOccurrencesWithEmptyData) {
-  Env env;
-  ASSERT_EQ(env_put(env, "S", "blk@a", "first"), ENV_OK);
-  ASSERT_EQ(env_put(env, "S", "blk@a@3", "third"), ENV_OK);
   EXPECT_EQ(env_count_path(env, "S", "blk@a", 1), 3);
-  EXPECT_EQ(get_text(env, "S", "blk@a@2"), "");
   EXPECT_EQ(env_check(env, "S", "blk@a@2", 1), ENV_DATA);
-  EXPECT_EQ(get_text(env, "S", "blk@a@3"), "third");
-
+  EXPECT_EQ(env_check(env, "S", "wall@0", 0), ENV_NOT_FOUND);
   // Under an empty block: an empty first x, then the second with the value.
   EnvHandle* sub = env_create_subenv(env, "S", "empty");
   ASSERT_EQ(env_put(sub, nullptr, "x@2", "v"), ENV_OK);
@@ -50,21 +65,17 @@ TEST(EnvPaths, CreationFillsMissingOccurrencesWithEmptyData) {
   EXPECT_EQ(get_text(env, "S", "empty@x@1"), "");
   EXPECT_EQ(get_text(env, "S", "empty@x@2"), "v");
   env_close(sub, 0);
-}
-
-TEST(EnvPaths, CreationBelowDataTurnsItIntoABlock) {
-  Env env;
-  ASSERT_EQ(env_put(env, "S", "a", "text"), ENV_OK);
-  ASSERT_EQ(env_put(env, "S", "a@b@2@c", "deep"), ENV_OK);
-  EXPECT_EQ(env_check(env, "S", "a", 1), ENV_BLOCK);
-  EXPECT_EQ(get_text(env, "S", "a@b@1"), "");
-  EXPECT_EQ(get_text(env, "S", "a@b@2@c"), "deep");
+  MessageCapture quiet;
+  EXPECT_EQ(env_count_path(env, "S", "@", 1), ENV_BAD_PATH);
+  EXPECT_EQ(env_count_path(nullptr, "S", "wall", 1), ENV_ERROR);
+  Env empty;
+  EXPECT_EQ(env_put(empty, "S", "a@0", "x"), ENV_BAD_PATH);
+  EXPECT_EQ(env_count_elements(empty, "S", nullptr, 1), 0);
 }
 
 TEST(EnvPaths, PutReplacesContentOfAnyKind) {
   Env env;
-  ASSERT_EQ(env_put(env, "S", "x@y", "1"), ENV_OK);
-  ASSERT_EQ(env_put(env, "S", "x", "flat"), ENV_OK);  // the block loses its list
+  put_all(env, {{"S", "x@y", "1"}, {"S", "x", "flat"}});  // the block loses its list
   EXPECT_EQ(get_text(env, "S", "x"), "flat");
   ASSERT_EQ(env_put_external(env, "S", "x", 77u), ENV_OK);
   unsigned value = 0;
@@ -76,57 +87,22 @@ TEST(EnvPaths, PutReplacesContentOfAnyKind) {
   EXPECT_EQ(get_text(env, "S", "x"), "<-1>");
 }
 
-TEST(EnvPaths, PutWithOnlyDelimitersStoresNothing) {
+TEST(EnvPaths, BadPathsAndNullSectionsAreReported) {
   Env env;
   MessageCapture capture;
-  EXPECT_EQ(env_put(env, "S", "@@@", "x"), ENV_OK);
+  EXPECT_EQ(env_put(env, "S", "@@@", "x"), ENV_OK);  // stores nothing
   EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 0);
   EXPECT_EQ(env_check(env, "S", "", 1), ENV_BAD_PATH);
-  ASSERT_EQ(capture.boxes().size(), 2u);
-  EXPECT_EQ(capture.boxes()[0].text, "Bad Path was given");
-}
-
-TEST(EnvPaths, NullSectionOnRootIsReported) {
-  Env env;
-  MessageCapture capture;
   EXPECT_EQ(env_put(env, nullptr, "a", "x"), ENV_ERROR);
-  ASSERT_EQ(capture.boxes().size(), 1u);
-  EXPECT_EQ(capture.boxes()[0].text, "bypass Nil section");
-}
-
-TEST(EnvPaths, OccurrenceZero) {
-  Env env;
-  ASSERT_EQ(env_put(env, "S", "a", "1"), ENV_OK);
-  ASSERT_EQ(env_put(env, "S", "b", "2"), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "whatever@0"), "1");  // the first element, any name
-  EXPECT_EQ(env_check(env, "S", "b@0", 0), ENV_NOT_FOUND);
-  Env empty;
-  EXPECT_EQ(env_put(empty, "S", "a@0", "x"), ENV_BAD_PATH);
-  EXPECT_EQ(env_count_elements(empty, "S", nullptr, 1), 0);
-}
-
-TEST(EnvPaths, DigitNamesAfterOccurrenceNumbers) {
-  Env env;
-  ASSERT_EQ(env_put(env, "S", "7", "seven"), ENV_OK);  // a first component is a name
-  EXPECT_EQ(get_text(env, "S", "7"), "seven");
-  ASSERT_EQ(env_put(env, "S", "a@1@5", "five"), ENV_OK);  // after a number, a name again
-  EXPECT_EQ(get_text(env, "S", "a@1@5@1"), "five");
-  EXPECT_EQ(get_text(env, "S", "a@5"), "<-4>");  // "5" is the occurrence number here
-}
-
-TEST(EnvPaths, BreadthFirstSearchTakesTheShallowestList) {
-  Env env;
-  ASSERT_EQ(env_put(env, "S", "p@q@name", "deep"), ENV_OK);
-  ASSERT_EQ(env_put(env, "S", "r@name", "shallow"), ENV_OK);
-  ASSERT_EQ(env_put(env, "S", "r@name@2", "shallow two"), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "name", 0), "shallow");
-  EXPECT_EQ(get_text(env, "S", "name@2", 0), "shallow two");
-  EXPECT_EQ(get_text(env, "S", "q@name", 0), "deep");
-  EXPECT_EQ(get_text(env, "S", "name@3", 0), "<-4>");
+  EXPECT_EQ(env_test::texts(capture),
+            (std::vector<std::string>{"Bad Path was given", "Bad Path was given",
+                                      "bypass Nil section"}));
 }
 
 TEST(EnvPaths, DelimiterIsProcessWideAndReturnsThePrevious) {
-  DelimiterGuard restore;
+  struct Restore {
+    ~Restore() { env_set_delimiter("@"); }
+  } restore;
   Env env;
   EXPECT_STREQ(env_set_delimiter("/"), "@");
   EXPECT_STREQ(env_set_delimiter(nullptr), "/");
@@ -140,7 +116,7 @@ TEST(EnvPaths, DelimiterIsProcessWideAndReturnsThePrevious) {
   EXPECT_STREQ(path, "a/b/c");  // building uses the first character
 }
 
-TEST(EnvPaths, CreatePath) {
+TEST(EnvPaths, CreatePathAndArrayPath) {
   char buf[8] = "keep";
   EXPECT_EQ(env_create_path(0, buf, "a", nullptr), ENV_TOO_SMALL);
   EXPECT_EQ(env_create_path(sizeof buf, buf, nullptr), ENV_OK);
@@ -152,10 +128,6 @@ TEST(EnvPaths, CreatePath) {
   EXPECT_EQ(env_create_path(sizeof buf, buf, "abc", "defg", nullptr), ENV_TOO_SMALL);
   EXPECT_STREQ(buf, "");
   EXPECT_EQ(env_create_path(sizeof buf, buf, "1234567", nullptr), ENV_OK);
-}
-
-TEST(EnvPaths, CreateArrayPath) {
-  char buf[8] = "keep";
   const char* parts[] = {"ab", "cd", nullptr};
   EXPECT_EQ(env_create_array_path(sizeof buf, buf, parts), ENV_OK);
   EXPECT_STREQ(buf, "ab@cd");
@@ -168,32 +140,8 @@ TEST(EnvPaths, CreateArrayPath) {
   EXPECT_STREQ(buf, "");
 }
 
-TEST(EnvPaths, ManySiblingsKeepOrderAndOccurrences) {
-  Env env;
-  // Enough siblings for the name index; every third name repeats.
-  for (int i = 0; i < 3000; ++i) {
-    const std::string name = "n" + std::to_string(i % 1000);
-    const int present = env_count_path(env, "S", name.c_str(), 1);
-    const std::string path = name + "@" + std::to_string(present + 1);
-    ASSERT_EQ(env_put(env, "S", path.c_str(), std::to_string(i).c_str()), ENV_OK);
-  }
-  EXPECT_EQ(env_count_elements(env, "S", nullptr, 1), 3000);
-  EXPECT_EQ(get_text(env, "S", "n7@3"), "2007");
-  ASSERT_EQ(env_delete(env, "S", "n7@2"), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "n7@2"), "2007");
-  ASSERT_EQ(env_delete(env, "S", "n7"), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "n7"), "2007");
-  ASSERT_EQ(env_put(env, "S", "n7@2", "new"), ENV_OK);
-  char name[8];
-  EXPECT_EQ(env_count_elements(env, "S", nullptr, 1), 2999);
-  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, 2999, nullptr, sizeof name, name, 0, nullptr, nullptr),
-            ENV_DATA);
-  EXPECT_STREQ(name, "n7");
-  EXPECT_EQ(get_text(env, "S", "n7@2"), "new");
-}
-
-// Random deletions and appends in a long list against a model of the
-// occurrence numbers.
+// Random deletions and appends in a list long enough for the name index,
+// against a model of the occurrence numbers; positions stay in list order.
 TEST(EnvPaths, LongListsStayConsistentUnderDeletion) {
   Env env;
   std::mt19937 random(11);
@@ -212,14 +160,23 @@ TEST(EnvPaths, LongListsStayConsistentUnderDeletion) {
       ASSERT_EQ(env_put_long(env, "S", path.c_str(), next_value++), ENV_OK);
     }
   }
+  int total = 0;
   for (const auto& [name, values] : model) {
     ASSERT_EQ(env_count_path(env, "S", name.c_str(), 1), static_cast<int>(values.size())) << name;
+    total += static_cast<int>(values.size());
     for (std::size_t i = 0; i < values.size(); ++i) {
       long value = -1;
       ASSERT_EQ(env_get_long(env, "S", (name + "@" + std::to_string(i + 1)).c_str(), 1, &value), 1);
       EXPECT_EQ(value, values[i]) << name << "@" << i + 1;
     }
   }
+  ASSERT_EQ(env_count_elements(env, "S", nullptr, 1), total);
+  char name[8];
+  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, total, nullptr, sizeof name, name, 0, nullptr, nullptr),
+            ENV_DATA);
+  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, total + 1, nullptr, sizeof name, name, 0, nullptr,
+                        nullptr),
+            ENV_NOT_FOUND);
 }
 
 }  // namespace

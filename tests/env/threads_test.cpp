@@ -2,13 +2,11 @@
 // working registers (path tokens, iterator, positional cursor) are per
 // thread. Built as its own program so that the ThreadSanitizer preset can
 // run it alone.
-#include <gtest/gtest.h>
-
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "qnutil/env.h"
+#include "env_fixture.h"
 
 namespace {
 
@@ -40,21 +38,8 @@ int work_on_own_environment(int id) {
       ++kinds;
     if (kinds != 1) ++mismatches;
   }
-  std::string text;
-  env_write([](int ch, void* out) { static_cast<std::string*>(out)->push_back(static_cast<char>(ch)); },
-            &text, env);
   EnvHandle* copy = env_open(id, nullptr);
-  struct Source {
-    const std::string* text;
-    std::size_t pos;
-  } source{&text, 0};
-  if (env_read(
-          [](void* s) -> int {
-            auto* src = static_cast<Source*>(s);
-            return src->pos < src->text->size() ? static_cast<unsigned char>((*src->text)[src->pos++]) : -1;
-          },
-          &source, copy) != ENV_OK)
-    ++mismatches;
+  if (env_test::read_text(copy, env_test::write_text(env)) != ENV_OK) ++mismatches;
   int leaves = 0;
   env_traverse_leafs(copy, count_leaf, &leaves);
   if (leaves != 5) ++mismatches;

@@ -11,26 +11,19 @@ using qnutil_test::MessageCapture;
 
 namespace {
 
-struct Visit {
-  std::string section, path, text;
-};
+// Every visit as "section|path|text".
+using Visits = std::vector<std::string>;
 
 void QNUTIL_CALL record(EnvHandle* sub, const char* section, const char* path, void* user) {
   char text[64] = "";
   env_get(sub, nullptr, nullptr, 1, sizeof text, text);
-  static_cast<std::vector<Visit>*>(user)->push_back(
-      {section ? section : "<null>", path ? path : "<null>", text});
+  static_cast<Visits*>(user)->push_back(std::string(section ? section : "<null>") + "|" +
+                                        (path ? path : "<null>") + "|" + text);
 }
 
 int QNUTIL_CALL record_leaf(EnvHandle* sub, const char* section, const char* path, void* user) {
   record(sub, section, path, user);
   return 0;
-}
-
-std::vector<std::string> paths(const std::vector<Visit>& visits) {
-  std::vector<std::string> all;
-  for (const auto& v : visits) all.push_back(v.section + "|" + v.path + "|" + v.text);
-  return all;
 }
 
 TEST(EnvIterate, GetFirstAndNext) {
@@ -59,36 +52,32 @@ TEST(EnvIterate, GetFirstAndNext) {
   EXPECT_EQ(env_get_next(sizeof name, name, 0, nullptr, nullptr), ENV_BLOCK);
   EXPECT_STREQ(name, "E");
   EXPECT_EQ(env_get_next(sizeof name, name, 0, nullptr, nullptr), ENV_NOT_FOUND);
-}
 
-TEST(EnvIterate, TooSmallBufferEndsTheIteration) {
-  Env env;
-  ASSERT_EQ(read_text(env, "[S]\na =1\nlongname =2\nc =3\n"), ENV_OK);
-  char name[4];
-  long id;
-  EXPECT_EQ(env_get_first(env, "S", nullptr, 1, &id, sizeof name, name, 0, nullptr, nullptr), ENV_DATA);
-  EXPECT_EQ(env_get_next(sizeof name, name, 0, nullptr, nullptr), ENV_TOO_SMALL);
-  EXPECT_EQ(env_get_next(sizeof name, name, 0, nullptr, nullptr), ENV_NOT_FOUND);
+  // A name that does not fit ends the iteration.
+  ASSERT_EQ(read_text(env, "[L]\na =1\nlongname =2\nc =3\n"), ENV_OK);
+  EXPECT_EQ(env_get_first(env, "L", nullptr, 1, &id, 4, name, 0, nullptr, nullptr), ENV_DATA);
+  EXPECT_EQ(env_get_next(4, name, 0, nullptr, nullptr), ENV_TOO_SMALL);
+  EXPECT_EQ(env_get_next(4, name, 0, nullptr, nullptr), ENV_NOT_FOUND);
 }
 
 TEST(EnvTraverse, WalkPathsCarryOccurrenceNumbers) {
   Env env;
   ASSERT_EQ(read_text(env, "[S]\nx =1\ny =2\nx =3\n[T]\nb ={\nc =4\n}\n"), ENV_OK);
-  std::vector<Visit> visits;
+  Visits visits;
   EXPECT_EQ(env_traverse(env, "S", nullptr, 1, record, &visits), ENV_OK);
-  EXPECT_EQ(paths(visits), (std::vector<std::string>{"S|x@1|1", "S|y@1|2", "S|x@2|3"}));
+  EXPECT_EQ(visits, (Visits{"S|x@1|1", "S|y@1|2", "S|x@2|3"}));
   visits.clear();
   EXPECT_EQ(env_traverse(env, "T", "b", 1, record, &visits), ENV_OK);
-  EXPECT_EQ(paths(visits), (std::vector<std::string>{"T|b@c@1|4"}));
+  EXPECT_EQ(visits, (Visits{"T|b@c@1|4"}));
   visits.clear();
   EXPECT_EQ(env_traverse(env, nullptr, nullptr, 1, record, &visits), ENV_OK);
-  EXPECT_EQ(paths(visits), (std::vector<std::string>{"S|<null>|", "T|<null>|"}));
+  EXPECT_EQ(visits, (Visits{"S|<null>|", "T|<null>|"}));
 }
 
 TEST(EnvTraverse, MissingOrEmptyBlocksGiveTheBlockCode) {
   Env env;
   ASSERT_EQ(read_text(env, "[S]\nd =1\ne ={\n}\n"), ENV_OK);
-  std::vector<Visit> visits;
+  Visits visits;
   EXPECT_EQ(env_traverse(env, "S", "e", 1, record, &visits), ENV_BLOCK);
   EXPECT_EQ(env_traverse(env, "S", "none", 1, record, &visits), ENV_BLOCK);
   EXPECT_EQ(env_traverse(env, "S", "d", 1, record, &visits), ENV_BLOCK);
@@ -102,20 +91,15 @@ TEST(EnvTraverse, LeavesDepthFirstWithFullPaths) {
   Env env;
   ASSERT_EQ(read_text(env, "[S]\na =1\nb ={\nc =2\nempty ={\n}\nc =3\n}\n[T]\nz =4\n"), ENV_OK);
   ASSERT_EQ(env_put_external(env, "T", "ext", 1), ENV_OK);
-  std::vector<Visit> visits;
+  Visits visits;
   EXPECT_EQ(env_traverse_leafs(env, record_leaf, &visits), ENV_OK);
-  EXPECT_EQ(paths(visits), (std::vector<std::string>{"S|a@1|1", "S|b@1@c@1|2", "S|b@1@c@2|3",
-                                                     "T|z@1|4", "T|ext@1|"}));
-}
-
-TEST(EnvTraverse, WalkPathsUseTheWholeDelimiter) {
-  Env env;
-  ASSERT_EQ(read_text(env, "[S]\nb ={\nc =2\n}\n"), ENV_OK);
-  env_set_delimiter("::");
-  std::vector<Visit> visits;
+  EXPECT_EQ(visits, (Visits{"S|a@1|1", "S|b@1@c@1|2", "S|b@1@c@2|3",
+                          "T|z@1|4", "T|ext@1|"}));
+  visits.clear();
+  env_set_delimiter("::");  // walk paths use the whole delimiter
   EXPECT_EQ(env_traverse_leafs(env, record_leaf, &visits), ENV_OK);
   env_set_delimiter("@");
-  EXPECT_EQ(paths(visits), (std::vector<std::string>{"S|b::1::c::1|2"}));
+  EXPECT_EQ(visits[1], "S|b::1::c::1|2");
 }
 
 TEST(EnvListNames, ListsWithSeparators) {
@@ -145,27 +129,28 @@ class EnvSink : public ::testing::Test {
   Env src_, dst_;
 };
 
-TEST_F(EnvSink, Mode0KeepsExisting) {
-  EXPECT_EQ(env_sink(dst_, src_, 0), ENV_OK);
-  EXPECT_EQ(write_text(dst_), "[S]\n  a =old\n  b ={\n    c =old c\n  }\n  only =src\n");
+struct SinkCase {
+  int mode;
+  const char* written;  // dst afterwards
+};
+
+class EnvSinkMode : public EnvSink, public ::testing::WithParamInterface<SinkCase> {};
+
+// Externals are never copied.
+TEST_P(EnvSinkMode, CopiesLeaves) {
+  EXPECT_EQ(env_sink(dst_, src_, GetParam().mode), ENV_OK);
+  EXPECT_EQ(write_text(dst_), GetParam().written);
+  EXPECT_EQ(env_check(dst_, "S", "ext", 1), ENV_NOT_FOUND);
 }
 
-TEST_F(EnvSink, Mode1Appends) {
-  EXPECT_EQ(env_sink(dst_, src_, 1), ENV_OK);
-  EXPECT_EQ(write_text(dst_),
-            "[S]\n  a =old\n  b ={\n    c =old c\n    c =new c\n  }\n  a =new\n  only =src\n");
-}
-
-TEST_F(EnvSink, Mode2Overwrites) {
-  EXPECT_EQ(env_sink(dst_, src_, 2), ENV_OK);
-  EXPECT_EQ(write_text(dst_), "[S]\n  a =new\n  b ={\n    c =new c\n  }\n  only =src\n");
-  EXPECT_EQ(env_check(dst_, "S", "ext", 1), ENV_NOT_FOUND);  // externals are not copied
-}
-
-TEST_F(EnvSink, Mode3OnlyWhereExisting) {
-  EXPECT_EQ(env_sink(dst_, src_, 3), ENV_OK);
-  EXPECT_EQ(write_text(dst_), "[S]\n  a =new\n  b ={\n    c =new c\n  }\n");
-}
+INSTANTIATE_TEST_SUITE_P(
+    Modes, EnvSinkMode,
+    ::testing::Values(
+        SinkCase{0, "[S]\n  a =old\n  b ={\n    c =old c\n  }\n  only =src\n"},  // keep existing
+        SinkCase{1, "[S]\n  a =old\n  b ={\n    c =old c\n    c =new c\n  }\n  a =new\n"
+                    "  only =src\n"},                                         // append
+        SinkCase{2, "[S]\n  a =new\n  b ={\n    c =new c\n  }\n  only =src\n"},  // overwrite
+        SinkCase{3, "[S]\n  a =new\n  b ={\n    c =new c\n  }\n"}));        // only existing
 
 TEST_F(EnvSink, BadModeAndLongTexts) {
   MessageCapture capture;

@@ -6,28 +6,25 @@
 
 using env_test::Env;
 using env_test::get_text;
+using env_test::put_all;
 
 namespace {
 
-TEST(EnvValues, DoublesAreStoredWithSixDigits) {
+TEST(EnvValues, NumbersAreStoredAsPrintfWouldWithSixDigitDoubles) {
   Env env;
   ASSERT_EQ(env_put_double(env, "S", "a", 0.1), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "a"), "0.1");
   ASSERT_EQ(env_put_double(env, "S", "b", 1234567.0), ENV_OK);
+  ASSERT_EQ(env_put_long(env, "S", "c", -42), ENV_OK);
+  ASSERT_EQ(env_put_long(env, "S", "max", LONG_MAX), ENV_OK);
+  EXPECT_EQ(get_text(env, "S", "a"), "0.1");
   EXPECT_EQ(get_text(env, "S", "b"), "1.23457e+06");
+  EXPECT_EQ(get_text(env, "S", "c"), "-42");
   double value = 0;
   EXPECT_EQ(env_get_double(env, "S", "b", 1, &value), 1);
   EXPECT_EQ(value, 1234570.0);
-}
-
-TEST(EnvValues, LongsRoundTrip) {
-  Env env;
-  ASSERT_EQ(env_put_long(env, "S", "a", -42), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "a"), "-42");
-  ASSERT_EQ(env_put_long(env, "S", "max", LONG_MAX), ENV_OK);
-  long value = 0;
-  EXPECT_EQ(env_get_long(env, "S", "max", 1, &value), 1);
-  EXPECT_EQ(value, LONG_MAX);
+  long max = 0;
+  EXPECT_EQ(env_get_long(env, "S", "max", 1, &max), 1);
+  EXPECT_EQ(max, LONG_MAX);
 }
 
 struct ScanCase {
@@ -46,14 +43,10 @@ TEST_P(EnvScanner, ParsesExactlyOneNumber) {
   ASSERT_EQ(env_put(env, "S", "v", c.text), ENV_OK);
   long l = -99;
   EXPECT_EQ(env_get_long(env, "S", "v", 1, &l), c.long_result);
-  if (c.long_result == 1) {
-    EXPECT_EQ(l, c.long_value);
-  }
+  if (c.long_result == 1) EXPECT_EQ(l, c.long_value);
   double d = -99;
   EXPECT_EQ(env_get_double(env, "S", "v", 1, &d), c.double_result);
-  if (c.double_result == 1) {
-    EXPECT_EQ(d, c.double_value);
-  }
+  if (c.double_result == 1) EXPECT_EQ(d, c.double_value);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -146,9 +139,8 @@ TEST(EnvValues, Strings) {
 
 TEST(EnvValues, KindMismatchesGiveTheirCodes) {
   Env env;
-  ASSERT_EQ(env_put(env, "S", "blk@x", "1"), ENV_OK);
+  put_all(env, {{"S", "blk@x", "1"}, {"S", "data", "12345"}});
   ASSERT_EQ(env_put_external(env, "S", "ext", 5), ENV_OK);
-  ASSERT_EQ(env_put(env, "S", "data", "12345"), ENV_OK);
   char buf[8];
   EXPECT_EQ(env_get(env, "S", "blk", 1, sizeof buf, buf), ENV_DATA);
   EXPECT_EQ(env_get(env, "S", "ext", 1, sizeof buf, buf), ENV_DATA);
@@ -164,16 +156,11 @@ TEST(EnvValues, KindMismatchesGiveTheirCodes) {
   EXPECT_EQ(env_get_reference(env, "S", "ext", 1, &ref), ENV_DATA);
   EXPECT_EQ(env_get_reference(env, "S", "data", 1, &ref), 1);
   EXPECT_STREQ(ref, "12345");
-}
-
-TEST(EnvValues, GetStringEmptiesTheBufferOnFailure) {
-  Env env;
-  ASSERT_EQ(env_put(env, "S", "a", "text"), ENV_OK);
-  char buf[16] = "old";
-  EXPECT_EQ(env_get_string(env, "S", "a", 1, buf), 1);
-  EXPECT_STREQ(buf, "text");
-  EXPECT_EQ(env_get_string(env, "S", "b", 1, buf), ENV_NOT_FOUND);
-  EXPECT_STREQ(buf, "");
+  char text[16] = "old";
+  EXPECT_EQ(env_get_string(env, "S", "data", 1, text), 1);
+  EXPECT_STREQ(text, "12345");
+  EXPECT_EQ(env_get_string(env, "S", "none", 1, text), ENV_NOT_FOUND);
+  EXPECT_STREQ(text, "");  // emptied on failure
 }
 
 TEST(EnvValues, PutFormat) {

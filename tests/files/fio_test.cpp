@@ -1,7 +1,10 @@
-// fio files: modes, the byte-order header, bytes, fields and seeking.
+// fio files (modes, the byte-order header, bytes, fields and seeking) and
+// the fixed-width text fields of a C stream below them.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
+#include <vector>
 
 #include "qnutil/qnutil.h"
 #include "support/test_support.h"
@@ -25,27 +28,36 @@ class Fio : public ::testing::Test {
   ScratchDir dir_;
 };
 
-TEST_F(Fio, NeedsExactlyOneDirection) {
+TEST_F(Fio, NeedsExactlyOneDirectionAndAnExistingFileToRead) {
+  EXPECT_EQ(open(QNUTIL_FIO_READ), nullptr);
   put("x");
   for (int mode : {0, 3, 5, 6, 7, QNUTIL_FIO_UPDATE, QNUTIL_FIO_TEXT | QNUTIL_FIO_HEADER}) {
     EXPECT_EQ(open(mode), nullptr) << mode;
   }
 }
 
-TEST_F(Fio, MissingFileCannotBeRead) { EXPECT_EQ(open(QNUTIL_FIO_READ), nullptr); }
-
-TEST_F(Fio, WritesTheHeaderAndReadsPastIt) {
+// Written with the header, read back past it as fields; the handle keeps
+// the composed path.
+TEST_F(Fio, HeaderAndFieldsRoundTrip) {
   QnUtilFioFile* file = open(QNUTIL_FIO_WRITE | QNUTIL_FIO_HEADER);
   ASSERT_NE(file, nullptr);
   EXPECT_EQ(file->mode, QNUTIL_FIO_WRITE | QNUTIL_FIO_HEADER);
-  EXPECT_EQ(fio_putchar(file, 'A'), 0);
+  char expected_path[QNUTIL_PATH_SIZE];
+  QnUtil_Makepath(expected_path, "", dir_.path().string().c_str(), "data.bin");
+  EXPECT_STREQ(file->path, expected_path);
+  EXPECT_EQ(fio_putstring(file, "name", 6), 0);
+  EXPECT_EQ(fio_putchar(file, '\n'), 0);
+  EXPECT_EQ(fio_flush(file), 0);
   EXPECT_EQ(fio_close(file), 0);
-  EXPECT_EQ(contents(), std::string(kHeader) + "A");
+  EXPECT_EQ(contents(), std::string(kHeader) + "name  \n");
 
   file = open(QNUTIL_FIO_READ | QNUTIL_FIO_HEADER);
   ASSERT_NE(file, nullptr);
   EXPECT_EQ(file->byteOrder, QNUTIL_FIO_LITTLE_ENDIAN);
-  EXPECT_EQ(fio_getchar(file, nullptr), 'A');
+  char buf[16];
+  EXPECT_EQ(fio_getstring(file, 15, buf), 0);
+  EXPECT_STREQ(buf, "name  ");
+  EXPECT_EQ(fio_getstring(file, 15, buf), -1);
   EXPECT_EQ(fio_close(file), 0);
 }
 
@@ -69,7 +81,6 @@ TEST_P(FioHeader, DetectsTheHeader) {
 INSTANTIATE_TEST_SUITE_P(
     Headers, FioHeader,
     ::testing::Values(HeaderCase{"1.1  @mbMOTOROLAz", QNUTIL_FIO_BIG_ENDIAN, 'z'},
-                      HeaderCase{"1.1  @mbINTEL   z", QNUTIL_FIO_LITTLE_ENDIAN, 'z'},
                       HeaderCase{"1.1  @mbmotorolaz", QNUTIL_FIO_LITTLE_ENDIAN, 'z'},
                       // Either marker alone, anywhere in the first 8 bytes.
                       HeaderCase{"xx1.1xxxMOTOROLA!", QNUTIL_FIO_BIG_ENDIAN, '!'},
@@ -133,30 +144,6 @@ TEST_F(Fio, SeeksFromEachOrigin) {
   fio_close(file);
 }
 
-TEST_F(Fio, FieldsRoundTrip) {
-  QnUtilFioFile* file = open(QNUTIL_FIO_WRITE | QNUTIL_FIO_UPDATE | QNUTIL_FIO_HEADER);
-  ASSERT_NE(file, nullptr);
-  EXPECT_EQ(fio_putstring(file, "name", 6), 0);
-  EXPECT_EQ(fio_putchar(file, '\n'), 0);
-  EXPECT_EQ(fio_flush(file), 0);
-  EXPECT_EQ(fio_seek(file, 16, 0), 0);
-  char buf[16];
-  EXPECT_EQ(fio_getstring(file, 15, buf), 0);
-  EXPECT_STREQ(buf, "name  ");
-  EXPECT_EQ(fio_getstring(file, 15, buf), -1);
-  fio_close(file);
-}
-
-TEST_F(Fio, KeepsTheComposedPath) {
-  put("");
-  QnUtilFioFile* file = open(QNUTIL_FIO_READ);
-  ASSERT_NE(file, nullptr);
-  char expected[QNUTIL_PATH_SIZE];
-  QnUtil_Makepath(expected, "", dir_.path().string().c_str(), "data.bin");
-  EXPECT_STREQ(file->path, expected);
-  fio_close(file);
-}
-
 TEST(FioNullHandle, EveryCallFails) {
   char buf[4];
   unsigned char byte;
@@ -168,6 +155,99 @@ TEST(FioNullHandle, EveryCallFails) {
   EXPECT_EQ(fio_putstring(nullptr, "x", 1), -1);
   EXPECT_EQ(fio_seek(nullptr, 0, 0), -1);
   EXPECT_EQ(fio_tell(nullptr), -1);
+}
+
+// A stream over `bytes` in a scratch file, read from the start.
+struct StreamFile {
+  explicit StreamFile(const std::string& bytes) : stream(std::fopen(dir.file("s").c_str(), "w+b")) {
+    std::fwrite(bytes.data(), 1, bytes.size(), stream);
+    std::rewind(stream);
+  }
+  ~StreamFile() { std::fclose(stream); }
+  std::string contents() {
+    std::fflush(stream);
+    return read_file(dir.file("s"));
+  }
+  ScratchDir dir;
+  FILE* stream;
+};
+
+struct Field {
+  int result;
+  std::string text;
+};
+
+struct GetCase {
+  std::string input;
+  int max;
+  std::vector<Field> fields;  // results of successive calls
+};
+
+class GetStringTest : public ::testing::TestWithParam<GetCase> {};
+
+TEST_P(GetStringTest, ReadsSuccessiveFields) {
+  StreamFile stream(GetParam().input);
+  for (const Field& expected : GetParam().fields) {
+    std::vector<char> buf(GetParam().max + 1, '#');
+    EXPECT_EQ(QnUtil_GetString(stream.stream, GetParam().max, buf.data()), expected.result);
+    EXPECT_EQ(std::string(buf.data()), expected.text);
+  }
+}
+
+using namespace std::string_literals;
+
+INSTANTIATE_TEST_SUITE_P(
+    Fields, GetStringTest,
+    ::testing::Values(
+        GetCase{"", 10, {{-1, ""}}}, GetCase{"x", 10, {{0, "x"}, {-1, ""}}},
+        GetCase{"abc\ndef", 10, {{0, "abc"}, {0, "def"}, {-1, ""}}},
+        // The line feed after a carriage return is kept, once.
+        GetCase{"abc\r\ndef\r\n", 10, {{0, "abc\n"}, {0, "def\n"}, {-1, ""}}},
+        GetCase{"ab\rcd", 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
+        // A carriage return at the end pushes back 0xFF.
+        GetCase{"ab\r", 10, {{0, "ab"}, {0, "\xFF"}, {-1, ""}}},
+        GetCase{"ab\0cd"s, 10, {{0, "ab"}, {0, "cd"}}},
+        GetCase{"ab\r\0cd"s, 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
+        GetCase{"abcdefg\n", 3, {{0, "abc"}, {0, "def"}, {0, "g"}, {-1, ""}}},
+        GetCase{"abc\n", 3, {{0, "abc"}, {0, ""}, {-1, ""}}},
+        GetCase{"\n\n", 5, {{0, ""}, {0, ""}, {-1, ""}}}));
+
+TEST(GetString, RejectsBadArgumentsWithoutTouchingTheBuffer) {
+  StreamFile stream("abc");
+  char buf[4] = "zz";
+  EXPECT_EQ(QnUtil_GetString(nullptr, 3, buf), -1);
+  EXPECT_EQ(QnUtil_GetString(stream.stream, 0, buf), -1);
+  EXPECT_EQ(QnUtil_GetString(stream.stream, -5, buf), -1);
+  EXPECT_STREQ(buf, "zz");
+  EXPECT_EQ(QnUtil_GetString(stream.stream, 3, nullptr), -1);
+}
+
+struct PutCase {
+  const char* text;
+  int width;
+  std::string written;
+};
+
+class PutStringTest : public ::testing::TestWithParam<PutCase> {};
+
+TEST_P(PutStringTest, WritesAFixedWidthField) {
+  StreamFile stream("");
+  EXPECT_EQ(QnUtil_PutString(stream.stream, GetParam().text, GetParam().width), 0);
+  EXPECT_EQ(stream.contents(), GetParam().written);
+}
+
+INSTANTIATE_TEST_SUITE_P(Widths, PutStringTest,
+                         ::testing::Values(PutCase{"abcdef", 3, "abc"}, PutCase{"ab", 5, "ab   "},
+                                           PutCase{"abc", 0, "abc"}, PutCase{"", 0, ""},
+                                           PutCase{nullptr, 2, "  "}, PutCase{"abc", -1, ""}));
+
+TEST(PutString, FailsOnNullStreamAndOnWriteErrors) {
+  EXPECT_EQ(QnUtil_PutString(nullptr, "a", 1), -1);
+  StreamFile stream("existing");
+  std::FILE* read_only = std::fopen(stream.dir.file("s").c_str(), "rb");
+  ASSERT_NE(read_only, nullptr);
+  EXPECT_EQ(QnUtil_PutString(read_only, "abc", 5), -1);
+  std::fclose(read_only);
 }
 
 }  // namespace

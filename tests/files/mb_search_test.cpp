@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "qnutil/qnutil.h"
@@ -23,13 +24,7 @@ void set_mb(const char* value) { _putenv_s("MB", value != nullptr ? value : "");
 #else
 constexpr char kRoot[] = "/";
 constexpr char kSep[] = "/";
-void set_mb(const char* value) {
-  if (value != nullptr) {
-    setenv("MB", value, 1);
-  } else {
-    unsetenv("MB");
-  }
-}
+void set_mb(const char* value) { value != nullptr ? setenv("MB", value, 1) : unsetenv("MB"); }
 #endif
 
 std::string makepath(const std::string& sub, const std::string& file) {
@@ -37,6 +32,7 @@ std::string makepath(const std::string& sub, const std::string& file) {
   return QnUtil_Makepath(out, "", sub.c_str(), file.c_str());
 }
 
+// Skips when a configuration file at the root would be found first.
 class MbSearch : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -46,9 +42,7 @@ class MbSearch : public ::testing::Test {
       QnUtil_FreeEntries(&found);
       GTEST_SKIP() << "a configuration file at " << kRoot << " would be found first";
     }
-    const char* mb = std::getenv("MB");
-    if (mb != nullptr) saved_mb_ = mb;
-    had_mb_ = mb != nullptr;
+    if (const char* mb = std::getenv("MB")) saved_mb_ = mb;
     saved_cwd_ = fs::current_path();
     fs::current_path(work_.path());
     cwd_ = fs::current_path().string();
@@ -57,10 +51,10 @@ class MbSearch : public ::testing::Test {
   void TearDown() override {
     if (saved_cwd_.empty()) return;
     fs::current_path(saved_cwd_);
-    set_mb(had_mb_ ? saved_mb_.c_str() : nullptr);
+    set_mb(saved_mb_ ? saved_mb_->c_str() : nullptr);
   }
 
-  void use_mb_folder() { set_mb(mb_.path().string().c_str()); }
+  void use_mb_folder() { set_mb(mb_folder().c_str()); }
   std::string mb_folder() const { return mb_.path().string(); }
 
   // A configuration file mb.ini in the current folder with one section.
@@ -75,31 +69,24 @@ class MbSearch : public ::testing::Test {
     return out;
   }
 
-  ScratchDir work_;
-  ScratchDir mb_;
+  ScratchDir work_, mb_;
   std::string cwd_;
 
  private:
   fs::path saved_cwd_;
-  std::string saved_mb_;
-  bool had_mb_ = false;
+  std::optional<std::string> saved_mb_;
 };
 
+// The current folder's candidate is joined as it stands, not composed.
 TEST_F(MbSearch, HigherNumberedNameWinsBeforeThePlace) {
-  write_file(work_.file("mb3.ini"), "");
-  write_file(mb_.file("mb.ini"), "");
-  use_mb_folder();
-  // The current folder's candidate is joined as it stands, not composed.
-  EXPECT_EQ(configuration_file(), cwd_ + kSep + "mb3.ini");
-  write_file(mb_.file("mb5.ini"), "");
-  EXPECT_EQ(configuration_file(), makepath(mb_folder(), "mb5.ini"));
-}
-
-TEST_F(MbSearch, CurrentFolderComesBeforeTheMbFolder) {
   write_file(work_.file("mb.ini"), "");
   write_file(mb_.file("mb.ini"), "");
   use_mb_folder();
   EXPECT_EQ(configuration_file(), cwd_ + kSep + "mb.ini");
+  write_file(work_.file("mb3.ini"), "");
+  EXPECT_EQ(configuration_file(), cwd_ + kSep + "mb3.ini");
+  write_file(mb_.file("mb5.ini"), "");
+  EXPECT_EQ(configuration_file(), makepath(mb_folder(), "mb5.ini"));
 }
 
 TEST_F(MbSearch, RootOfTheSystemDriveIsTheLastPlace) {

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "qnutil/qnutil.h"
 
@@ -61,47 +62,36 @@ TEST_P(MakepathTest, ComposesPieces) {
             expected_path(c.expected));
 }
 
+using C = ComposeCase;
 INSTANTIATE_TEST_SUITE_P(
     RelativePieces, MakepathTest,
-    ::testing::Values(ComposeCase{"/Base", "Sub", "f.TXT", "/Base/Sub/f.TXT"},
-                      ComposeCase{nullptr, nullptr, nullptr, ""},
-                      ComposeCase{"", "", "", ""},
-                      ComposeCase{nullptr, "sub/", "f.txt", "sub/f.txt"},
-                      ComposeCase{nullptr, "sub/", "/f.txt", "sub/f.txt"},
-                      ComposeCase{nullptr, "sub", "/f.txt", "sub/f.txt"},
-                      ComposeCase{"base", nullptr, "f", "base/f"},
-                      ComposeCase{nullptr, "Sub", nullptr, "Sub"},
-                      ComposeCase{"b", "s", nullptr, "b/s"},
-                      ComposeCase{"b/", "/s/", "f", "b/s/f"},
-                      ComposeCase{"", "", "x", "x"},
-                      ComposeCase{"a", "b.c", "d.e", "a/b.c/d.e"},
-                      ComposeCase{"a", "b", "c/d/e.f", "a/b/c/d/e.f"},
-                      ComposeCase{"/", nullptr, "f", "/f"},
-                      ComposeCase{"a", "", "f", "a/f"}));
+    ::testing::Values(C{"/Base", "Sub", "f.TXT", "/Base/Sub/f.TXT"}, C{nullptr, nullptr, nullptr, ""},
+                      C{"", "", "", ""}, C{nullptr, "sub/", "f.txt", "sub/f.txt"},
+                      C{nullptr, "sub/", "/f.txt", "sub/f.txt"}, C{nullptr, "sub", "/f.txt", "sub/f.txt"},
+                      C{"base", nullptr, "f", "base/f"}, C{nullptr, "Sub", nullptr, "Sub"},
+                      C{"b", "s", nullptr, "b/s"}, C{"b/", "/s/", "f", "b/s/f"}, C{"", "", "x", "x"},
+                      C{"a", "b.c", "d.e", "a/b.c/d.e"}, C{"a", "b", "c/d/e.f", "a/b/c/d/e.f"},
+                      C{"/", nullptr, "f", "/f"}, C{"a", "", "f", "a/f"}));
 
 #ifdef _WIN32
 INSTANTIATE_TEST_SUITE_P(
     DriveEndsTheClimb, MakepathTest,
-    ::testing::Values(ComposeCase{"C:\\base", "sub", "f.TXT", "c:\\base\\sub\\f.txt"},
-                      ComposeCase{"C:\\base", "sub", "D:\\x\\f.txt", "d:\\x\\f.txt"},
-                      ComposeCase{"C:\\b", "E:\\s", "f", "e:\\s\\f"},
-                      ComposeCase{"C:\\b", "s", "D:f", "d:f"},
-                      ComposeCase{"C:", "s", "f", "c:s\\f"}));
+    ::testing::Values(C{"C:\\base", "sub", "f.TXT", "c:\\base\\sub\\f.txt"},
+                      C{"C:\\base", "sub", "D:\\x\\f.txt", "d:\\x\\f.txt"},
+                      C{"C:\\b", "E:\\s", "f", "e:\\s\\f"}, C{"C:\\b", "s", "D:f", "d:f"},
+                      C{"C:", "s", "f", "c:s\\f"}));
 
 // Only a backslash counts as the separator at a joint.
 TEST(Makepath, SlashIsNoBackslashAtTheJoint) { EXPECT_EQ(makepath(nullptr, "a/", "\\f"), "a/\\f"); }
 #else
 INSTANTIATE_TEST_SUITE_P(
     NoDriveLetters, MakepathTest,
-    ::testing::Values(ComposeCase{"C:/base", "Sub", "D:/f.TXT", "C:/base/Sub/D:/f.TXT"},
-                      ComposeCase{nullptr, "a\\", "f", "a\\/f"}));
+    ::testing::Values(C{"C:/base", "Sub", "D:/f.TXT", "C:/base/Sub/D:/f.TXT"},
+                      C{nullptr, "a\\", "f", "a\\/f"}));
 #endif
 
-TEST(Makepath, NullOutputWritesNothing) {
+TEST(Makepath, NullOutputWritesNothingAndOverlongResultIsCut) {
   EXPECT_EQ(QnUtil_Makepath(nullptr, "a", "b", "c"), nullptr);
-}
-
-TEST(Makepath, OverlongResultIsCutToTheBuffer) {
   const std::string piece(200, 'a');
   char out[QNUTIL_PATH_SIZE + 8];
   std::memset(out, 'x', sizeof out);
@@ -129,13 +119,12 @@ TEST_P(DivideTest, SplitsIntoThreePieces) {
   EXPECT_STREQ(name_out, native(c.name, name));
 }
 
+using D = DivideCase;
 INSTANTIATE_TEST_SUITE_P(Pieces, DivideTest,
-                         ::testing::Values(DivideCase{"", "", "", ""},
-                                           DivideCase{"f.txt", "", "", "f.txt"},
-                                           DivideCase{"/a/b/f.tar.gz", "", "/a/b/", "f.tar.gz"},
-                                           DivideCase{"a/b/", "", "a/b/", ""},
-                                           DivideCase{".profile", "", "", ".profile"},
-                                           DivideCase{"a.d/noext", "", "a.d/", "noext"}));
+                         ::testing::Values(D{"", "", "", ""}, D{"f.txt", "", "", "f.txt"},
+                                           D{"/a/b/f.tar.gz", "", "/a/b/", "f.tar.gz"},
+                                           D{"a/b/", "", "a/b/", ""}, D{".profile", "", "", ".profile"},
+                                           D{"a.d/noext", "", "a.d/", "noext"}));
 
 TEST(Divide, NullPathGivesEmptyPiecesAndCutsLongOnes) {
   char drive[QNUTIL_DRIVE_SIZE] = "x", dir[QNUTIL_FOLDER_SIZE] = "x", name[QNUTIL_NAME_SIZE] = "x";
@@ -165,24 +154,13 @@ TEST(Divide, AgreesWithTheRunTimeSplitter) {
 }
 #endif
 
-struct ExtensionCase {
-  const char* name;
-  int position;
-};
-
-class ExtensionTest : public ::testing::TestWithParam<ExtensionCase> {};
-
-TEST_P(ExtensionTest, FindsTheDot) {
-  EXPECT_EQ(QnUtil_GetExtensionPos(GetParam().name), GetParam().position);
+TEST(GetExtensionPos, FindsTheLastDotAfterTheFirstCharacter) {
+  const std::pair<const char*, int> cases[] = {
+      {"a", -1},   {"", -1},   {".x", -1}, {nullptr, -1},        {"a.b.c", 3},
+      {"ab.", 2},  {"a.", 1},  {"..", 1},  {"dir.d\\file", 3}, {"dir.d/file", 3}};
+  for (const auto& [name, position] : cases)
+    EXPECT_EQ(QnUtil_GetExtensionPos(name), position) << (name ? name : "null");
 }
-
-INSTANTIATE_TEST_SUITE_P(Names, ExtensionTest,
-                         ::testing::Values(ExtensionCase{"a", -1}, ExtensionCase{"", -1},
-                                           ExtensionCase{".x", -1}, ExtensionCase{nullptr, -1},
-                                           ExtensionCase{"a.b.c", 3}, ExtensionCase{"ab.", 2},
-                                           ExtensionCase{"a.", 1}, ExtensionCase{"..", 1},
-                                           ExtensionCase{"dir.d\\file", 3},
-                                           ExtensionCase{"dir.d/file", 3}));
 
 #ifdef _WIN32
 // Run with a double-byte ANSI code page (e.g. Wine with LANG=ja_JP.UTF-8,
@@ -197,18 +175,15 @@ class DoubleByteCodePage : public ::testing::Test {
   }
 };
 
-// "\x95\x5C" is one Shift-JIS character ending in the byte of '\\'.
-TEST_F(DoubleByteCodePage, TrailByteIsNoSeparator) {
+// "\x95\x5C" is one Shift-JIS character ending in the byte of '\\'; "\x83\x41"
+// one whose trail byte is the byte of 'A', which lower-casing leaves.
+TEST_F(DoubleByteCodePage, TrailBytesAreNoSeparatorsAndKeepTheirCase) {
   EXPECT_EQ(makepath(nullptr, "\x95\x5C", "f.txt"), "\x95\x5C\\f.txt");
   EXPECT_EQ(makepath(nullptr, "\x95\x5C\\", "\\f.txt"), "\x95\x5C\\f.txt");
   char drive[QNUTIL_DRIVE_SIZE], dir[QNUTIL_FOLDER_SIZE], name[QNUTIL_NAME_SIZE];
   QnUtil_Divide("a\\\x95\x5C", drive, dir, name);
   EXPECT_STREQ(dir, "a\\");
   EXPECT_STREQ(name, "\x95\x5C");
-}
-
-// "\x83\x41" is one character whose trail byte is the byte of 'A'.
-TEST_F(DoubleByteCodePage, LowerCasingLeavesTrailBytes) {
   EXPECT_EQ(makepath("C:\\D", nullptr, "\x83\x41.TXT"), "c:\\d\\\x83\x41.txt");
 }
 #endif

@@ -47,19 +47,21 @@ TEST_F(GdiPlusTest, BitmapFromRamStructReadsTheRecord) {
 
 TEST_F(GdiPlusTest, GetBitmapModesChooseThePixelFormat) {
   unsigned char bits[2 * 8] = {1, 2, 3, 0, 4, 5, 6, 0, 7, 8, 9, 0, 10, 11, 12, 0};
-  void* image = nullptr;
-  ASSERT_EQ(gdiPlusGetBitmap(2, 2, 8, 0, bits, &image), 1);
-  EXPECT_EQ(bitmap(image)->GetPixelFormat(), PixelFormat24bppRGB);
-  EXPECT_EQ(argb_at(image, 0, 0), 0xFF030201u);
-  gdiPlusFreeImage(image);
-  ASSERT_EQ(gdiPlusGetBitmap(2, 2, 8, 1, bits, &image), 1);
-  EXPECT_EQ(bitmap(image)->GetPixelFormat(), PixelFormat32bppRGB);
-  EXPECT_EQ(argb_at(image, 1, 1), 0xFF0C0B0Au);  // top-down: second row as given
-  gdiPlusFreeImage(image);
-  ASSERT_EQ(gdiPlusGetBitmap(2, 2, 8, 2, bits, &image), 1);
-  EXPECT_EQ(bitmap(image)->GetPixelFormat(), PixelFormat32bppARGB);
-  EXPECT_EQ(argb_at(image, 0, 1) >> 24, 255u);  // alpha 255 everywhere
-  gdiPlusFreeImage(image);
+  const struct {
+    int mode;
+    Gdiplus::PixelFormat format;
+    int x, y;
+    std::uint32_t argb;
+  } cases[] = {{0, PixelFormat24bppRGB, 0, 0, 0xFF030201u},
+               {1, PixelFormat32bppRGB, 1, 1, 0xFF0C0B0Au},    // top-down: second row as given
+               {2, PixelFormat32bppARGB, 0, 1, 0xFF090807u}};  // alpha 255 everywhere
+  for (const auto& c : cases) {
+    void* image = nullptr;
+    ASSERT_EQ(gdiPlusGetBitmap(2, 2, 8, c.mode, bits, &image), 1);
+    EXPECT_EQ(bitmap(image)->GetPixelFormat(), c.format) << c.mode;
+    EXPECT_EQ(argb_at(image, c.x, c.y), c.argb) << c.mode;
+    gdiPlusFreeImage(image);
+  }
 }
 
 TEST_F(GdiPlusTest, GetBitmapExFlipsA24BitBufferIntoTopDown32Bit) {

@@ -12,8 +12,8 @@
 namespace qnutil::ini {
 namespace {
 
+namespace fs = std::filesystem;
 using qnutil_test::read_file;
-using qnutil_test::ScratchDir;
 using qnutil_test::write_file;
 
 std::string get(const std::string& file, const char* section, const char* key) {
@@ -22,102 +22,71 @@ std::string get(const std::string& file, const char* section, const char* key) {
   return buffer;
 }
 
-TEST(EngineFile, SeesAnOutsideChangeOfTheSameSize) {
-  ScratchDir dir;
-  const auto path = dir.file("a.ini");
-  write_file(path, "[s]\r\nk=one\r\n");
-  EXPECT_EQ(get(path, "s", "k"), "one");
-  write_file(path + ".tmp", "[s]\r\nk=two\r\n");
-  std::filesystem::rename(path + ".tmp", path);  // how editors save
-  EXPECT_EQ(get(path, "s", "k"), "two");
+bool put(const std::string& file, const char* section, const char* key, const char* value) {
+  return profile_write_string(section, key, value, file.c_str());
 }
 
-TEST(EngineFile, SeesAnOutsideRewriteInPlace) {
-  ScratchDir dir;
-  const auto path = dir.file("a.ini");
-  write_file(path, "[s]\r\nk=one\r\n");
-  EXPECT_EQ(get(path, "s", "k"), "one");
-  write_file(path, "[s]\r\nk=three\r\n");
-  EXPECT_EQ(get(path, "s", "k"), "three");
-  std::filesystem::remove(path);
-  EXPECT_EQ(get(path, "s", "k"), "<default>");
+class EngineFile : public testing::Test {
+ protected:
+  qnutil_test::ScratchDir dir_;
+  std::string path_ = dir_.file("a.ini");
+};
+
+TEST_F(EngineFile, SeesOutsideChanges) {
+  write_file(path_, "[s]\r\nk=one\r\n");
+  EXPECT_EQ(get(path_, "s", "k"), "one");
+  write_file(path_ + ".tmp", "[s]\r\nk=two\r\n");
+  fs::rename(path_ + ".tmp", path_);  // how editors save: same size, another file
+  EXPECT_EQ(get(path_, "s", "k"), "two");
+  write_file(path_, "[s]\r\nk=three\r\n");  // rewritten in place
+  EXPECT_EQ(get(path_, "s", "k"), "three");
+  fs::remove(path_);
+  EXPECT_EQ(get(path_, "s", "k"), "<default>");
 }
 
-TEST(EngineFile, WriteIsVisibleAtOnceAndOnDisk) {
-  ScratchDir dir;
-  const auto path = dir.file("w.ini");
-  ASSERT_TRUE(profile_write_string("s", "k", "v", path.c_str()));
-  EXPECT_EQ(read_file(path), "[s]\r\nk=v\r\n");
-  EXPECT_EQ(get(path, "s", "k"), "v");
-  ASSERT_TRUE(profile_write_string("s", "k", "w", path.c_str()));
-  EXPECT_EQ(get(path, "s", "k"), "w");
+TEST_F(EngineFile, WriteIsVisibleAtOnceAndOnDisk) {
+  ASSERT_TRUE(put(path_, "s", "k", "v"));
+  EXPECT_EQ(read_file(path_), "[s]\r\nk=v\r\n");
+  EXPECT_EQ(get(path_, "s", "k"), "v");
+  ASSERT_TRUE(put(path_, "s", "k", "w"));
+  EXPECT_EQ(get(path_, "s", "k"), "w");
   // No temporary file is left behind.
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()),
-                          std::filesystem::directory_iterator()),
-            1);
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir_.path()), fs::directory_iterator()), 1);
+  write_file(path_, "[s]\nk=v\nn=-3\n");
+  EXPECT_TRUE(put(path_, "s", "k", "v"));  // unchanged: the file stays as it is
+  EXPECT_EQ(read_file(path_), "[s]\nk=v\nn=-3\n");
+  EXPECT_EQ(profile_get_int("s", "n", 0, path_.c_str()), 4294967293u);
+  EXPECT_EQ(profile_get_int("s", "m", 9, path_.c_str()), 9u);
+  EXPECT_EQ(profile_get_int("s", "n", 9, dir_.file("missing.ini").c_str()), 9u);
 }
 
-TEST(EngineFile, MissingFolderFailsAndCreatesNothing) {
-  ScratchDir dir;
-  const auto path = dir.file("no/such/dir/x.ini");
-  EXPECT_FALSE(profile_write_string("s", "k", "v", path.c_str()));
-  EXPECT_FALSE(std::filesystem::exists(dir.path() / "no"));
-}
-
-TEST(EngineFile, DeletingInAMissingFileCreatesAnEmptyFile) {
-  ScratchDir dir;
-  const auto path = dir.file("d.ini");
-  EXPECT_TRUE(profile_write_string("s", "k", nullptr, path.c_str()));
-  ASSERT_TRUE(std::filesystem::exists(path));
-  EXPECT_EQ(std::filesystem::file_size(path), 0u);
-  const auto other = dir.file("e.ini");
-  EXPECT_TRUE(profile_write_string("s", nullptr, nullptr, other.c_str()));
-  EXPECT_TRUE(std::filesystem::exists(other));
-}
-
-TEST(EngineFile, NullSectionWithKeyIsRefused) {
-  ScratchDir dir;
-  const auto path = dir.file("n.ini");
-  EXPECT_FALSE(profile_write_string(nullptr, "k", "v", path.c_str()));
-  EXPECT_FALSE(std::filesystem::exists(path));
-  EXPECT_FALSE(profile_write_string(nullptr, nullptr, nullptr, path.c_str()));
-  EXPECT_FALSE(std::filesystem::exists(path));
-}
-
-TEST(EngineFile, FolderOrEmptyPathReadsDefaultAndCannotBeWritten) {
-  ScratchDir dir;
-  EXPECT_EQ(get(dir.path().string(), "s", "k"), "<default>");
-  EXPECT_FALSE(profile_write_string("s", "k", "v", dir.path().string().c_str()));
+TEST_F(EngineFile, RefusedWritesCreateNothing) {
+  EXPECT_FALSE(put(dir_.file("no/such/dir/x.ini"), "s", "k", "v"));
+  EXPECT_FALSE(fs::exists(dir_.path() / "no"));
+  EXPECT_FALSE(put(path_, nullptr, "k", "v"));
+  EXPECT_FALSE(put(path_, nullptr, nullptr, nullptr));
+  EXPECT_FALSE(fs::exists(path_));
+  EXPECT_EQ(get(dir_.path().string(), "s", "k"), "<default>");
+  EXPECT_FALSE(put(dir_.path().string(), "s", "k", "v"));
   EXPECT_EQ(get("", "s", "k"), "<default>");
-  EXPECT_FALSE(profile_write_string("s", "k", "v", ""));
+  EXPECT_FALSE(put("", "s", "k", "v"));
 }
 
-TEST(EngineFile, ReadOnlyFileIsNotReplaced) {
-  ScratchDir dir;
-  const auto path = dir.file("ro.ini");
-  write_file(path, "[s]\r\nk=v\r\n");
-  std::filesystem::permissions(path, std::filesystem::perms::owner_read |
-                                         std::filesystem::perms::group_read);
-  if (std::ofstream(path, std::ios::app)) GTEST_SKIP() << "permissions do not apply to this user";
-  EXPECT_FALSE(profile_write_string("s", "k", "w", path.c_str()));
-  EXPECT_EQ(read_file(path), "[s]\r\nk=v\r\n");
+TEST_F(EngineFile, DeletingInAMissingFileCreatesAnEmptyFile) {
+  EXPECT_TRUE(put(path_, "s", "k", nullptr));
+  ASSERT_TRUE(fs::exists(path_));
+  EXPECT_EQ(fs::file_size(path_), 0u);
+  const auto other = dir_.file("e.ini");
+  EXPECT_TRUE(put(other, "s", nullptr, nullptr));
+  EXPECT_TRUE(fs::exists(other));
 }
 
-TEST(EngineFile, UnchangedValueLeavesTheFileAlone) {
-  ScratchDir dir;
-  const auto path = dir.file("u.ini");
-  write_file(path, "[s]\nk=v\n");
-  EXPECT_TRUE(profile_write_string("s", "k", "v", path.c_str()));
-  EXPECT_EQ(read_file(path), "[s]\nk=v\n");
-}
-
-TEST(EngineFile, IntegerReadsThroughTheCache) {
-  ScratchDir dir;
-  const auto path = dir.file("i.ini");
-  write_file(path, "[s]\r\nn=-3\r\n");
-  EXPECT_EQ(profile_get_int("s", "n", 0, path.c_str()), 4294967293u);
-  EXPECT_EQ(profile_get_int("s", "m", 9, path.c_str()), 9u);
-  EXPECT_EQ(profile_get_int("s", "n", 9, dir.file("missing.ini").c_str()), 9u);
+TEST_F(EngineFile, ReadOnlyFileIsNotReplaced) {
+  write_file(path_, "[s]\r\nk=v\r\n");
+  fs::permissions(path_, fs::perms::owner_read | fs::perms::group_read);
+  if (std::ofstream(path_, std::ios::app)) GTEST_SKIP() << "permissions do not apply to this user";
+  EXPECT_FALSE(put(path_, "s", "k", "w"));
+  EXPECT_EQ(read_file(path_), "[s]\r\nk=v\r\n");
 }
 
 }  // namespace

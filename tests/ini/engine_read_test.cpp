@@ -17,11 +17,11 @@ struct ReadCase {
   std::string file;
   const char* section;
   const char* key;
-  std::string expected;  // "<default>" when the default must come back
+  std::string expected;  // "<d>": the default comes back
 };
 
 std::string get(const std::string& file, const char* section, const char* key,
-                const char* fallback = "<default>", unsigned size = 256) {
+                const char* fallback = "<d>", unsigned size = 256) {
   const IniText text(file);
   std::string buffer(size, '\x7f');
   const auto length = query_profile_string(&text, section, key, fallback, buffer.data(), size);
@@ -41,53 +41,50 @@ INSTANTIATE_TEST_SUITE_P(
     Windows, ReadRule,
     testing::Values(
         ReadCase{"CR-only line breaks", "[a]\rk1=v1\rk2=v2\r[b]\nk3=v3\n\r\nk4=v4", "a", "k2", "v2"},
-        ReadCase{"mixed breaks, last line without break", "[a]\rk1=v1\rk2=v2\r[b]\nk3=v3\n\r\nk4=v4",
+        ReadCase{"last line without break", "[a]\rk1=v1\rk2=v2\r[b]\nk3=v3\n\r\nk4=v4",
                  "b", "k4", "v4"},
         ReadCase{"blanks around key and value", "[s]\r\n\tk1\t=\tv1\t\r\n", "s", "k1", "v1"},
         ReadCase{"inner blanks kept", "[s]\r\n k4 = a b  c \r\n", "s", "k4", "a b  c"},
         ReadCase{"VT is a blank", "[s]\r\n\vk\v=\vv\v\r\n", "s", "k", "v"},
         ReadCase{"padded section name", "[  padded sec  ]\r\nk=v\r\n", "padded sec", "k", "v"},
-        ReadCase{"text after ] ignored", "[S]TestKey=TestValue\r\n", "S", "TestKey", "<default>"},
+        ReadCase{"text after ] ignored", "[S]TestKey=TestValue\r\n", "S", "TestKey", "<d>"},
         ReadCase{"first ] ends the name", "[sec]whoops]\r\nk=v\r\n", "sec", "k", "v"},
-        ReadCase{"missing ] still a header", "[SectionName   \r\nTestKey=TestValue\r\n", "SectionName",
-                 "TestKey", "TestValue"},
-        ReadCase{"no [ no header", "[a]\r\nSectionName]\r\nk=v\r\n", "SectionName", "k", "<default>"},
+        ReadCase{"no ]: a header", "[SectionName   \r\nTestKey=TestValue\r\n",
+                 "SectionName", "TestKey", "TestValue"},
+        ReadCase{"no [ no header", "[a]\r\nSectionName]\r\nk=v\r\n", "SectionName", "k", "<d>"},
         ReadCase{"[ inside a name", "[[sec]\r\nk=v\r\n", "[sec", "k", "v"},
         ReadCase{"; inside brackets", "[;section]\r\nk=v\r\n", ";section", "k", "v"},
         ReadCase{"first = splits", "[s]\r\na=b=c\r\n", "s", "a", "b=c"},
         ReadCase{"key with inner space", "[s]\r\nmy key=1\r\nmy  key=2\r\n", "s", "my key", "1"},
-        ReadCase{"inner spaces distinguish keys", "[s]\r\nmy key=1\r\nmy  key=2\r\n", "s", "my  key", "2"},
-        ReadCase{"no key without its space", "[s]\r\nmy key=1\r\n", "s", "mykey", "<default>"},
-        ReadCase{"line without = reads default", "[s]\r\nname3\r\n", "s", "name3", "<default>"},
-        ReadCase{"line without = hides a later key", "[s]\r\nname3\r\nname3=v\r\n", "s", "name3",
-                 "<default>"},
-        ReadCase{"comment cannot be read", "[S]\r\n;key=TestValue\r\n", "S", ";key", "<default>"},
-        ReadCase{"comment is no key", "[S]\r\n;key=TestValue\r\n", "S", "key", "<default>"},
-        ReadCase{"indented comment", "[S]\r\n \t;key=TestValue\r\n", "S", ";key", "<default>"},
+        ReadCase{"inner spaces count", "[s]\r\nmy key=1\r\nmy  key=2\r\n", "s", "my  key", "2"},
+        ReadCase{"no key without its space", "[s]\r\nmy key=1\r\n", "s", "mykey", "<d>"},
+        ReadCase{"line without = reads default", "[s]\r\nname3\r\n", "s", "name3", "<d>"},
+        ReadCase{"bare line hides a later key", "[s]\r\nname3\r\nname3=v\r\n", "s", "name3", "<d>"},
+        ReadCase{"comment cannot be read", "[S]\r\n;key=TestValue\r\n", "S", ";key", "<d>"},
+        ReadCase{"comment is no key", "[S]\r\n;key=TestValue\r\n", "S", "key", "<d>"},
+        ReadCase{"indented comment", "[S]\r\n \t;key=TestValue\r\n", "S", ";key", "<d>"},
         ReadCase{"# is no comment", "[s]\r\n#hash=hv\r\n", "s", "#hash", "hv"},
         ReadCase{"no inline comments", "[s]\r\nk=v ; inline\r\n", "s", "k", "v ; inline"},
         ReadCase{"; starts a value", "[s]\r\nk=;nocomment\r\n", "s", "k", ";nocomment"},
-        ReadCase{"lines before the first header ignored", "TestKey=TestValue\r\n[S]\r\n", "", "TestKey",
-                 "<default>"},
-        ReadCase{"blank section name no top", "TestKey=TestValue\r\n[S]\r\n", " ", "TestKey",
-                 "<default>"},
+        ReadCase{"no top section", "TestKey=TestValue\r\n[S]\r\n", "", "TestKey", "<d>"},
+        ReadCase{"no top section, blank", "TestKey=TestValue\r\n[S]\r\n", " ", "TestKey", "<d>"},
         ReadCase{"empty section []", "[]\r\nTestKey=TestValue\r\n", "", "TestKey", "TestValue"},
         ReadCase{"section case-blind", "[Section1]\r\nname1=val1\r\n", "SECTION1", "NaMe1", "val1"},
         ReadCase{"value keeps case", "[s]\r\nk=MiXeD\r\n", "s", "K", "MiXeD"},
         ReadCase{"Latin-1 letters case-blind", "[\xC4\xD6]\r\nk=v\r\n", "\xE4\xF6", "k", "v"},
         ReadCase{"spaces around parameters", "[padded sec]\r\nk=v\r\n", "  padded sec  ", " k ", "v"},
-        ReadCase{"TAB in section parameter kept", "[SectionName]\r\nTestKey=v\r\n", "\tSectionName",
-                 "TestKey", "<default>"},
-        ReadCase{"TAB in key parameter kept", "[SectionName]\r\nTestKey=v\r\n", "SectionName",
-                 "TestKey\t", "<default>"},
+        ReadCase{"TAB in section kept", "[SectionName]\r\nTestKey=v\r\n",
+                 "\tSectionName", "TestKey", "<d>"},
+        ReadCase{"TAB in key kept", "[SectionName]\r\nTestKey=v\r\n",
+                 "SectionName", "TestKey\t", "<d>"},
         ReadCase{"quoted key name literal", "[S]\r\n\"TestKey\"=v\r\n", "S", "\"TestKey\"", "v"},
         ReadCase{"first duplicate key wins", "[a]\r\nx=1\r\nx=2", "a", "x", "1"},
-        ReadCase{"only the first duplicate section", "[S]\r\n[S]\r\nk=v", "S", "k", "<default>"},
+        ReadCase{"only the first duplicate section", "[S]\r\n[S]\r\nk=v", "S", "k", "<d>"},
         ReadCase{"empty value is not the default", "[s]\r\nempty=\r\n", "s", "empty", ""},
         ReadCase{"blank value is empty", "[s]\r\nspaces=   \r\n", "s", "spaces", ""},
-        ReadCase{"missing section", "[s]\r\nk=v\r\n", "t", "k", "<default>"},
+        ReadCase{"missing section", "[s]\r\nk=v\r\n", "t", "k", "<d>"},
         ReadCase{"empty key name", "[s]\r\n=val_no_key\r\n", "s", "", "val_no_key"},
-        ReadCase{"no empty key", "[s]\r\nk=v\r\n", "s", "", "<default>"},
+        ReadCase{"no empty key", "[s]\r\nk=v\r\n", "s", "", "<d>"},
         ReadCase{"double quotes stripped", "[s]\r\nk=\"dq\"\r\n", "s", "k", "dq"},
         ReadCase{"single quotes stripped", "[s]\r\nk='sq'\r\n", "s", "k", "sq"},
         ReadCase{"spaces inside quotes kept", "[s]\r\nk=  \"   x   \"  \r\n", "s", "k", "   x   "},
@@ -99,25 +96,25 @@ INSTANTIATE_TEST_SUITE_P(
         ReadCase{"empty quotes", "[s]\r\nk=\"\"\r\n", "s", "k", ""},
         ReadCase{"quoted parts", "[s]\r\nk=\"a\" \"b\"\r\n", "s", "k", "a\" \"b"},
         ReadCase{"NUL ends a value", "[s]\r\nk=ab\0cd\r\n"s, "s", "k", "ab"},
-        ReadCase{"UTF-8 BOM hides the first header", "\xEF\xBB\xBF[s]\r\nk=v\r\n", "s", "k",
-                 "<default>"}),
+        ReadCase{"BOM hides the first header", "\xEF\xBB\xBF[s]\r\nk=v\r\n", "s", "k", "<d>"}),
     [](const testing::TestParamInfo<ReadCase>& info) { return "rule" + std::to_string(info.index); });
 
-TEST(DefaultText, LosesTrailingSpacesOnly) {
+// The default loses trailing spaces only and is cut like a value; a
+// missing file reads the defaults.
+TEST(Defaults, ComeBackTrimmedAndCut) {
   EXPECT_EQ(get("", "s", "k", "   default   "), "   default");
   EXPECT_EQ(get("", "s", "k", "one two  "), "one two");
   EXPECT_EQ(get("", "s", "k", "\tdefault\t"), "\tdefault\t");
   EXPECT_EQ(get("", "s", "k", "\"quoted\""), "\"quoted\"");
   EXPECT_EQ(get("", "s", "k", nullptr), "");
-}
-
-TEST(DefaultText, IsTruncatedLikeAValue) { EXPECT_EQ(get("", "s", "k", "default", 4), "def"); }
-
-TEST(MissingFile, ReadsTheDefault) {
+  EXPECT_EQ(get("", "s", "k", "default", 4), "def");
   char buffer[16];
   EXPECT_EQ(query_profile_string(nullptr, "s", "k", "dflt", buffer, sizeof buffer), 4u);
   EXPECT_STREQ(buffer, "dflt");
   EXPECT_EQ(query_profile_int(nullptr, "s", "k", 17), 17u);
+  const IniText text("[s]\r\nk=5\r\n");
+  EXPECT_EQ(query_profile_int(&text, "s", "missing", -1), 4294967295u);
+  EXPECT_EQ(query_profile_int(&text, "s", "k", -1), 5u);
 }
 
 // Every buffer size from 0 to the value's length + 2: the copy is cut to
@@ -126,64 +123,49 @@ TEST(BufferContract, SingleValueAtEverySize) {
   const IniText text("[section1]\r\nname1=val1\r\n");
   for (unsigned size = 0; size <= 6; ++size) {
     std::string buffer(8, '\x7f');
-    const auto length = query_profile_string(&text, "section1", "name1", "d", buffer.data(), size);
-    const unsigned expected = size == 0 ? 0 : std::min(size - 1, 4u);
-    EXPECT_EQ(length, expected) << size;
-    if (size == 0) {
-      EXPECT_EQ(buffer, std::string(8, '\x7f'));
-      continue;
-    }
-    EXPECT_EQ(buffer.substr(0, length), std::string("val1").substr(0, length));
-    EXPECT_EQ(buffer[length], '\0');
-    EXPECT_EQ(buffer.substr(size), std::string(8 - size, '\x7f')) << size;
+    const unsigned length = size == 0 ? 0 : std::min(size - 1, 4u);
+    EXPECT_EQ(query_profile_string(&text, "section1", "name1", "d", buffer.data(), size), length);
+    std::string expected(8, '\x7f');
+    if (size > 0) expected.replace(0, length + 1, std::string("val1", length) + '\0');
+    EXPECT_EQ(buffer, expected) << size;
   }
 }
 
-struct ListCase {
-  unsigned size;
-  unsigned result;
-  std::string bytes;  // the buffer's first `size` bytes
-};
-
-class SectionList : public testing::TestWithParam<ListCase> {};
-
-TEST_P(SectionList, IsCutWithTwoTerminators) {
+// A section list that does not fit is cut and ends in two terminators;
+// nothing is written beyond the buffer.
+TEST(SectionList, IsCutWithTwoTerminators) {
   const IniText text("[section1]\r\nk=v\r\n[section2]\r\n[section3]\r\n");
-  const ListCase& c = GetParam();
-  std::string buffer(40, '\x7f');
-  EXPECT_EQ(query_profile_string(&text, nullptr, "ignored", "d", buffer.data(), c.size), c.result);
-  EXPECT_EQ(buffer.substr(0, c.size), c.bytes);
-  EXPECT_EQ(buffer.substr(c.size), std::string(40 - c.size, '\x7f'));  // nothing beyond n
+  const struct {
+    unsigned size, result;
+    std::string bytes;  // the buffer's first `size` bytes
+  } rows[] = {{29, 27, "section1\0section2\0section3\0\0\x7f"s},
+              {28, 26, "section1\0section2\0section3\0\0"s},
+              {27, 25, "section1\0section2\0section\0\0"s},
+              {16, 14, "section1\0secti\0\0"s},
+              {3, 1, "s\0\0"s}, {2, 0, "\0\0"s}, {1, 0, "\0"s}, {0, 0, ""}};
+  for (const auto& row : rows) {
+    std::string buffer(40, '\x7f');
+    EXPECT_EQ(query_profile_string(&text, nullptr, "ignored", "d", buffer.data(), row.size),
+              row.result);
+    EXPECT_EQ(buffer, row.bytes + std::string(40 - row.size, '\x7f')) << row.size;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Windows, SectionList,
-    testing::Values(ListCase{29, 27, "section1\0section2\0section3\0\0\x7f"s},
-                    ListCase{28, 26, "section1\0section2\0section3\0\0"s},
-                    ListCase{27, 25, "section1\0section2\0section\0\0"s},
-                    ListCase{16, 14, "section1\0secti\0\0"s}, ListCase{3, 1, "s\0\0"s},
-                    ListCase{2, 0, "\0\0"s}, ListCase{1, 0, "\0"s}, ListCase{0, 0, ""}));
-
-TEST(KeyList, ListsKeysWithValuesInFileOrder) {
-  const IniText text("[s]\r\nname1=val1\r\nname2=\r\nname3\r\n;c=1\r\nname4=val4\r\n[t]\r\nx=1\r\n");
+// Keys with values in file order, duplicates twice; a missing file leaves
+// the buffer's second byte alone.
+TEST(KeyList, ListsKeysWithValues) {
+  const IniText text(
+      "[s]\r\nname1=val1\r\nname2=\r\nname3\r\n;c=1\r\nname4=val4\r\n[t]\r\nx=1\r\nx=2\r\n");
   char buffer[100];
   EXPECT_EQ(query_profile_string(&text, "S", nullptr, "", buffer, sizeof buffer), 18u);
   EXPECT_EQ(std::string(buffer, 19), "name1\0name2\0name4\0\0"s);
   EXPECT_EQ(query_profile_string(&text, "s", nullptr, "", buffer, 16), 14u);
   EXPECT_EQ(std::string(buffer, 16), "name1\0name2\0na\0\0"s);
-}
-
-TEST(KeyList, ListsDuplicatesTwice) {
-  const IniText text("[a]\r\nx=1\r\nx=2");
-  char buffer[16];
-  EXPECT_EQ(query_profile_string(&text, "a", nullptr, "", buffer, sizeof buffer), 4u);
+  EXPECT_EQ(query_profile_string(&text, "t", nullptr, "", buffer, sizeof buffer), 4u);
   EXPECT_EQ(std::string(buffer, 5), "x\0x\0\0"s);
-}
-
-TEST(KeyList, MissingFileLeavesTheSecondByte) {
-  char buffer[4] = {'x', 'x', 'x', 'x'};
-  EXPECT_EQ(query_profile_string(nullptr, nullptr, nullptr, "d", buffer, sizeof buffer), 0u);
-  EXPECT_EQ(std::string(buffer, 4), "\0xxx"s);
+  char untouched[4] = {'x', 'x', 'x', 'x'};
+  EXPECT_EQ(query_profile_string(nullptr, nullptr, nullptr, "d", untouched, sizeof untouched), 0u);
+  EXPECT_EQ(std::string(untouched, 4), "\0xxx"s);
 }
 
 TEST(ValueLength, WrapsAt64KCharacters) {
@@ -219,12 +201,6 @@ INSTANTIATE_TEST_SUITE_P(
                     IntCase{"\"  7\"", 7}, IntCase{"99999999999", 1215752191u},
                     IntCase{"2147483648", 2147483648u}, IntCase{"-2147483649", 2147483647u},
                     IntCase{"", 77}, IntCase{"   ", 77}, IntCase{"\"\"", 77}));
-
-TEST(IntRead, MissingKeyGivesTheDefault) {
-  const IniText text("[s]\r\nk=5\r\n");
-  EXPECT_EQ(query_profile_int(&text, "s", "missing", -1), 4294967295u);
-  EXPECT_EQ(query_profile_int(&text, "s", "k", -1), 5u);
-}
 
 }  // namespace
 }  // namespace qnutil::ini

@@ -9,7 +9,6 @@
 namespace {
 
 using qnutil_test::read_file;
-using qnutil_test::ScratchDir;
 using qnutil_test::write_file;
 
 class MaterialTest : public testing::Test {
@@ -19,7 +18,12 @@ class MaterialTest : public testing::Test {
     write_file(path, "[Material]\r\nName=Glas\r\n[Glas]\r\n" + body);
     return path;
   }
-  ScratchDir dir_;
+  static std::string log_name(CQnMatFile& mat) {
+    std::string name = "x";
+    mat.GetLogName(name);
+    return name;
+  }
+  qnutil_test::ScratchDir dir_;
 };
 
 TEST_F(MaterialTest, MissingKeysTakeTheirDefaults) {
@@ -27,9 +31,7 @@ TEST_F(MaterialTest, MissingKeysTakeTheirDefaults) {
   ASSERT_EQ(mat.IsLoaded(), 1);
   const matTyp* m = mat.GetMaterialPtr();
   EXPECT_FLOAT_EQ(m->kdiffus, 0.7f);
-  EXPECT_FLOAT_EQ(m->kambient, 0.4f);
-  EXPECT_FLOAT_EQ(m->kspiegel, 0.4f);
-  EXPECT_FLOAT_EQ(m->alpha, 0.4f);
+  for (const float value : {m->kambient, m->kspiegel, m->alpha}) EXPECT_FLOAT_EQ(value, 0.4f);
   EXPECT_FLOAT_EQ(m->Oe, 30.0f);
   for (int i = 0; i < 3; ++i) {
     EXPECT_FLOAT_EQ(m->RGBDiffus[i], 0.4f);
@@ -37,10 +39,9 @@ TEST_F(MaterialTest, MissingKeysTakeTheirDefaults) {
   }
   EXPECT_EQ(m->Bits, 0u);
   EXPECT_EQ(m->reserved, 0u);
-  std::string name, texture = "x";
-  mat.GetLogName(name);
+  std::string texture = "x";
   mat.GetTestTexturePath(texture);
-  EXPECT_EQ(name, "Glas");
+  EXPECT_EQ(log_name(mat), "Glas");
   EXPECT_EQ(texture, "");
 }
 
@@ -54,44 +55,33 @@ TEST_F(MaterialTest, ColourFallbacks) {
   // The specular fallback reads the same empty key again and finds nothing.
   EXPECT_EQ(m->RGBSpiegel[0], 0.0f);
   EXPECT_EQ(m->RGBSpiegel[2], 0.0f);
+  // Without two commas a colour stays zero.
+  CQnMatFile odd(material("kdiffus=1\r\nRGBDiffus=0.1;0.2;0.3\r\nRGBSpiegel=0.1,0.2\r\n", "odd"));
+  ASSERT_EQ(odd.IsLoaded(), 1);
+  EXPECT_EQ(odd.GetMaterialPtr()->RGBDiffus[0], 0.0f);
+  EXPECT_EQ(odd.GetMaterialPtr()->RGBSpiegel[1], 0.0f);
 }
 
-TEST_F(MaterialTest, ColourWithoutTwoCommasStaysZero) {
-  CQnMatFile mat(material("kdiffus=1\r\nRGBDiffus=0.1;0.2;0.3\r\nRGBSpiegel=0.1,0.2\r\n"));
-  ASSERT_EQ(mat.IsLoaded(), 1);
-  EXPECT_EQ(mat.GetMaterialPtr()->RGBDiffus[0], 0.0f);
-  EXPECT_EQ(mat.GetMaterialPtr()->RGBSpiegel[1], 0.0f);
+TEST_F(MaterialTest, ExponentDerivesItsFields) {
+  const struct {
+    const char* oe;
+    float pow, inv, offset;
+  } rows[] = {{"4", 8.0f, -0.125f, 8.0f - 1.0f / 1.125f}, {"0.1", 0, 0, 0}, {"0", 0, 0, 0},
+              {"-4", 0, 0, 0}, {"1", 1.0f, -1.0f, 0.5f}};
+  for (const auto& row : rows) {
+    CQnMatFile mat(material(std::string("kdiffus=1\r\nOe=") + row.oe + "\r\n", row.oe));
+    ASSERT_EQ(mat.IsLoaded(), 1);
+    const matTyp* m = mat.GetMaterialPtr();
+    EXPECT_FLOAT_EQ(m->oePow, row.pow) << row.oe;
+    EXPECT_FLOAT_EQ(m->oeInvPow, row.inv) << row.oe;
+    EXPECT_FLOAT_EQ(m->oeOffset, row.offset) << row.oe;
+  }
 }
-
-struct ExponentCase {
-  const char* oe;
-  float pow, inv, offset;
-};
-
-class MaterialExponent : public MaterialTest, public testing::WithParamInterface<ExponentCase> {};
-
-TEST_P(MaterialExponent, DerivesTheFields) {
-  const ExponentCase& c = GetParam();
-  CQnMatFile mat(material(std::string("kdiffus=1\r\nOe=") + c.oe + "\r\n"));
-  ASSERT_EQ(mat.IsLoaded(), 1);
-  const matTyp* m = mat.GetMaterialPtr();
-  EXPECT_FLOAT_EQ(m->oePow, c.pow);
-  EXPECT_FLOAT_EQ(m->oeInvPow, c.inv);
-  EXPECT_FLOAT_EQ(m->oeOffset, c.offset);
-}
-
-INSTANTIATE_TEST_SUITE_P(Oe, MaterialExponent,
-                         testing::Values(ExponentCase{"4", 8.0f, -0.125f, 8.0f - 1.0f / 1.125f},
-                                         ExponentCase{"0.1", 0, 0, 0}, ExponentCase{"0", 0, 0, 0},
-                                         ExponentCase{"-4", 0, 0, 0},
-                                         ExponentCase{"1", 1.0f, -1.0f, 0.5f}));
 
 TEST_F(MaterialTest, FailedLoads) {
   CQnMatFile mat(dir_.file("missing.mat"));
   EXPECT_EQ(mat.IsLoaded(), 0);
-  std::string name = "x";
-  mat.GetLogName(name);
-  EXPECT_EQ(name, "");  // no file remembered
+  EXPECT_EQ(log_name(mat), "");  // no file remembered
 
   CQnMatFile good(material("kdiffus=1\r\n"));
   ASSERT_EQ(good.IsLoaded(), 1);
@@ -106,19 +96,14 @@ TEST_F(MaterialTest, FailedLoads) {
   EXPECT_EQ(good.IsLoaded(), 1);
   EXPECT_EQ(good.Read(dir_.file("missing.mat")), 0);
   EXPECT_EQ(good.IsLoaded(), 0);
-}
 
-TEST_F(MaterialTest, LogNameFallsBackToTheFileName) {
-  const std::string path = dir_.file("glass.mat");
-  write_file(path, "[Material]\r\nName=\r\n");
-  CQnMatFile mat(path);
-  EXPECT_EQ(mat.IsLoaded(), 0);
-  std::string name;
-  mat.GetLogName(name);
-  EXPECT_EQ(name, "glass");
-  mat.SetLogName("Other");
-  mat.GetLogName(name);
-  EXPECT_EQ(name, "Other");
+  // Without a name the file's name stands in.
+  write_file(dir_.file("stone.mat"), "[Material]\r\nName=\r\n");
+  CQnMatFile unnamed(dir_.file("stone.mat"));
+  EXPECT_EQ(unnamed.IsLoaded(), 0);
+  EXPECT_EQ(log_name(unnamed), "stone");
+  unnamed.SetLogName("Other");
+  EXPECT_EQ(log_name(unnamed), "Other");
 }
 
 TEST_F(MaterialTest, WriteStoresEveryFieldButBitZero) {
@@ -137,9 +122,13 @@ TEST_F(MaterialTest, WriteStoresEveryFieldButBitZero) {
   EXPECT_EQ(back.GetMaterialPtr()->Bits, 4u);
   EXPECT_FLOAT_EQ(back.GetMaterialPtr()->oePow, 8.0f);
   EXPECT_FLOAT_EQ(back.GetMaterialPtr()->RGBSpiegel[2], 1.0f);
+  CQnMatFile fresh;
+  EXPECT_EQ(fresh.Write(dir_.file("new.mat")), 0);  // the file must exist
+  EXPECT_EQ(fresh.Write(""), 0);
+  EXPECT_EQ(fresh.Write(), 0);
 }
 
-TEST_F(MaterialTest, RenamedMaterialReplacesTheOldSection) {
+TEST_F(MaterialTest, RenamedMaterialReplacesAnOldSectionWithKdiffus) {
   const std::string path = material("kdiffus=0.5\r\n");
   CQnMatFile mat(path);
   mat.SetLogName("Stein");
@@ -148,22 +137,11 @@ TEST_F(MaterialTest, RenamedMaterialReplacesTheOldSection) {
   EXPECT_EQ(file.find("[Glas]"), std::string::npos) << file;
   EXPECT_NE(file.find("Name=Stein\r\n"), std::string::npos);
   EXPECT_NE(file.find("[Stein]\r\nkdiffus=0.5\r\n"), std::string::npos) << file;
-}
-
-TEST_F(MaterialTest, OldSectionWithoutKdiffusStays) {
-  const std::string path = dir_.file("keep.mat");
-  write_file(path, "[Material]\r\nName=Glas\r\n[Glas]\r\nnote=1\r\n");
-  CQnMatFile mat;
-  mat.SetLogName("Stein");
-  ASSERT_EQ(mat.Write(path), 1);
-  EXPECT_NE(read_file(path).find("[Glas]\r\nnote=1\r\n"), std::string::npos);
-}
-
-TEST_F(MaterialTest, WriteNeedsAnExistingFile) {
-  CQnMatFile mat;
-  EXPECT_EQ(mat.Write(dir_.file("new.mat")), 0);
-  EXPECT_EQ(mat.Write(""), 0);
-  EXPECT_EQ(mat.Write(), 0);
+  const std::string keep = material("note=1\r\n", "keep");
+  CQnMatFile other;
+  other.SetLogName("Stein");
+  ASSERT_EQ(other.Write(keep), 1);
+  EXPECT_NE(read_file(keep).find("[Glas]\r\nnote=1\r\n"), std::string::npos);
 }
 
 TEST_F(MaterialTest, CopiesAreIndependent) {
@@ -176,11 +154,10 @@ TEST_F(MaterialTest, CopiesAreIndependent) {
   for (CQnMatFile* other : {&copy, &assigned}) {
     EXPECT_EQ(other->IsLoaded(), 1);
     EXPECT_FLOAT_EQ(other->GetMaterialPtr()->kdiffus, 0.5f);
-    std::string texture, name;
+    std::string texture;
     other->GetTestTexturePath(texture);
-    other->GetLogName(name);
     EXPECT_EQ(texture, "t.bmp");
-    EXPECT_EQ(name, "Glas");
+    EXPECT_EQ(log_name(*other), "Glas");
   }
 }
 

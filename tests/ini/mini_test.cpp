@@ -1,4 +1,5 @@
-// The mini_* C interface.
+// The mini_* C interface: single values, number lists and the style
+// records stored as number lists.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -14,21 +15,45 @@
 namespace {
 
 using qnutil_test::read_file;
-using qnutil_test::ScratchDir;
 using qnutil_test::write_file;
+
+constexpr std::uint32_t rgb(unsigned r, unsigned g, unsigned b) { return r | g << 8 | b << 16; }
+
+template <class Record>
+bool same(const Record& a, const Record& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
 class MiniTest : public testing::Test {
  protected:
   void SetUp() override {
     write_file(path_, "[s]\r\nempty=\r\nlong=123xyz\r\nhuge=99999999999\r\nreal=-2.25\r\n"
                       "inf=1e999\r\nword=abcdef\r\nshort=ab\r\nlist=1,2,3\r\nblanks=1 2 3\r\n"
-                      "trailing=1,2,\r\ndouble_sep=1,,2\r\nsigned_sep=1,-2\r\nbad=x\r\n");
+                      "trailing=1,2,\r\ndouble_sep=1,,2\r\nsigned_sep=1,-2\r\nbad=x\r\n"
+                      "[styles]\r\nshort=3,7\r\nbad=1,,2\r\ntrunc=2.9,300.7,1,2,3,-1.9,4,5,6,259\r\n"
+                      "tex=0.00005,1,2,3,4,5,6,7,8,0.0001,-0.5,9.5,10.25\r\nguidlessGUID=not a guid\r\n");
     handle_ = mini_open_ex(path_.c_str(), 0);
     ASSERT_NE(handle_, nullptr);
   }
   void TearDown() override { mini_close(&handle_); }
 
-  ScratchDir dir_;
+  // The text stored under a key of [styles], "<none>" when there is none.
+  std::string line(const std::string& key) {
+    char text[300];
+    unsigned int length = sizeof text - 1;
+    return mini_read_string(handle_, "styles", key.c_str(), text, &length) == 0 ? text : "<none>";
+  }
+
+  // The stored list as numbers: whether a whole number was rounded to an
+  // exact integer (and so written without decimals) depends on the
+  // rounding's arithmetic, the value does not.
+  std::vector<double> numbers(const std::string& key) {
+    std::vector<double> out(20);
+    int count = 20;
+    EXPECT_EQ(mini_read_doubles(handle_, "styles", key.c_str(), out.data(), &count), 0) << key;
+    out.resize(count);
+    return out;
+  }
+
+  qnutil_test::ScratchDir dir_;
   std::string path_ = dir_.file("mini.ini");
   MiniHandle handle_ = nullptr;
 };
@@ -38,140 +63,116 @@ TEST_F(MiniTest, OpenNeedsAnExistingAccessibleFile) {
   EXPECT_EQ(mini_open_ex(dir_.file("none.ini").c_str(), QNUTIL_MINI_READ), nullptr);
   EXPECT_EQ(mini_open_ex("", QNUTIL_MINI_READ), nullptr);
   EXPECT_EQ(mini_open_ex(nullptr, QNUTIL_MINI_READ), nullptr);
-  MiniHandle reader = mini_open_ex(path_.c_str(), QNUTIL_MINI_READ);
-  ASSERT_NE(reader, nullptr);
-  EXPECT_EQ(mini_close(&reader), 1);
-  EXPECT_NE(reader, nullptr);  // the caller's variable is not cleared
-  MiniHandle none = nullptr;
-  EXPECT_EQ(mini_close(&none), 0);
-  EXPECT_EQ(mini_close(nullptr), 0);
-}
-
-TEST_F(MiniTest, OpenComposesFolderAndName) {
   MiniHandle composed = mini_open(dir_.path().string().c_str(), "mini.ini", QNUTIL_MINI_READ);
   ASSERT_NE(composed, nullptr);
   char buf[16];
   unsigned int len = sizeof buf - 1;
   EXPECT_EQ(mini_read_string(composed, "s", "short", buf, &len), 0);
   EXPECT_STREQ(buf, "ab");
-  mini_close(&composed);
+  EXPECT_EQ(mini_close(&composed), 1);
+  EXPECT_NE(composed, nullptr);  // the caller's variable is not cleared
+  MiniHandle none = nullptr;
+  EXPECT_EQ(mini_close(&none), 0);
+  EXPECT_EQ(mini_close(nullptr), 0);
 }
 
-TEST_F(MiniTest, ReadLong) {
-  long value = 99;
-  EXPECT_EQ(mini_read_long(handle_, "s", "long", &value), 0);
-  EXPECT_EQ(value, 123);
-  EXPECT_EQ(mini_read_long(handle_, "s", "empty", &value), 0);
-  EXPECT_EQ(value, 0);
-  EXPECT_EQ(mini_read_long(handle_, "s", "huge", &value), 0);
-  EXPECT_EQ(value, 2147483647);  // a 32-bit long saturates on every target
-  value = 5;
-  EXPECT_EQ(mini_read_long(handle_, "s", "missing", &value), -1);
-  EXPECT_EQ(value, 5);
+// A failed read leaves the value as it was (5 and 7 here).
+TEST_F(MiniTest, ScalarReads) {
+  const struct {
+    const char* key;
+    int result;
+    long value;
+  } longs[] = {{"long", 0, 123}, {"empty", 0, 0}, {"huge", 0, 2147483647}, {"missing", -1, 5}};
+  for (const auto& row : longs) {  // a 32-bit long saturates on every target
+    long value = 5;
+    EXPECT_EQ(mini_read_long(handle_, "s", row.key, &value), row.result) << row.key;
+    EXPECT_EQ(value, row.value) << row.key;
+  }
+  const struct {
+    const char* key;
+    int result;
+    double value;
+  } doubles[] = {
+      {"real", 0, -2.25}, {"empty", -1, 7}, {"missing", -1, 7}, {"inf", -1, 7}, {"bad", 0, 0}};
+  for (const auto& row : doubles) {
+    double value = 7;
+    EXPECT_EQ(mini_read_double(handle_, "s", row.key, &value), row.result) << row.key;
+    EXPECT_EQ(value, row.value) << row.key;
+  }
+  long value = 5;
   EXPECT_EQ(mini_read_long(handle_, "s", "long", nullptr), -1);
   EXPECT_EQ(mini_read_long(nullptr, "s", "long", &value), -1);
   EXPECT_EQ(mini_read_long(handle_, nullptr, "long", &value), -1);
 }
 
-TEST_F(MiniTest, ReadDouble) {
-  double value = 7;
-  EXPECT_EQ(mini_read_double(handle_, "s", "real", &value), 0);
-  EXPECT_EQ(value, -2.25);
-  value = 7;
-  for (const char* key : {"empty", "missing", "inf"}) {
-    EXPECT_EQ(mini_read_double(handle_, "s", key, &value), -1) << key;
-    EXPECT_EQ(value, 7) << key;
-  }
-  EXPECT_EQ(mini_read_double(handle_, "s", "bad", &value), 0);
-  EXPECT_EQ(value, 0.0);
-}
-
 TEST_F(MiniTest, ReadStringCutsAtTheGivenLength) {
-  char buf[16];
-  std::memset(buf, 'x', sizeof buf);
-  unsigned int len = 4;
-  EXPECT_EQ(mini_read_string(handle_, "s", "word", buf, &len), 0);
-  EXPECT_STREQ(buf, "abcd");
-  EXPECT_EQ(len, 4u);
-  EXPECT_EQ(buf[5], 'x');
-  len = 4;
-  EXPECT_EQ(mini_read_string(handle_, "s", "short", buf, &len), 0);
-  EXPECT_STREQ(buf, "ab");
-  EXPECT_EQ(len, 2u);
-  len = 6;
-  EXPECT_EQ(mini_read_string(handle_, "s", "word", buf, &len), 0);
-  EXPECT_STREQ(buf, "abcdef");
-  EXPECT_EQ(len, 6u);
-  len = 8;
-  EXPECT_EQ(mini_read_string(handle_, "s", "empty", buf, &len), 0);
-  EXPECT_STREQ(buf, "");
-  EXPECT_EQ(len, 0u);
-  len = 8;
-  std::strcpy(buf, "keep");
-  EXPECT_EQ(mini_read_string(handle_, "s", "missing", buf, &len), -1);
-  EXPECT_STREQ(buf, "keep");
-  EXPECT_EQ(len, 8u);
+  const struct {
+    const char* key;
+    unsigned int len;
+    int result;
+    const char* text;  // the buffer afterwards, which starts as "keep"
+    unsigned int len_after;
+  } rows[] = {{"word", 4, 0, "abcd", 4}, {"short", 4, 0, "ab", 2}, {"word", 6, 0, "abcdef", 6},
+              {"empty", 8, 0, "", 0}, {"missing", 8, -1, "keep", 8}};
+  for (const auto& row : rows) {
+    char buf[16];
+    std::memset(buf, 'x', sizeof buf);
+    std::strcpy(buf, "keep");
+    unsigned int len = row.len;
+    EXPECT_EQ(mini_read_string(handle_, "s", row.key, buf, &len), row.result) << row.key;
+    EXPECT_STREQ(buf, row.text);
+    EXPECT_EQ(len, row.len_after) << row.key;
+    EXPECT_EQ(buf[row.len + 1], 'x') << row.key;
+  }
+  char buf[8];
   EXPECT_EQ(mini_read_string(handle_, "s", "word", buf, nullptr), -1);
 }
 
-struct ListCase {
-  const char* key;
-  int capacity;
-  int result;
-  std::vector<double> stored;  // the values in out afterwards (rest untouched: 99)
-  int count_after;
-};
-
-class MiniListRead : public MiniTest, public testing::WithParamInterface<ListCase> {};
-
-TEST_P(MiniListRead, StoresWhatWasParsed) {
-  const ListCase& c = GetParam();
-  std::vector<double> out(5, 99.0);
-  int count = c.capacity;
-  EXPECT_EQ(mini_read_doubles(handle_, "s", c.key, out.data(), &count), c.result) << c.key;
-  EXPECT_EQ(count, c.count_after) << c.key;
-  std::vector<double> expected = c.stored;
-  expected.resize(5, 99.0);
-  EXPECT_EQ(out, expected) << c.key;
+TEST_F(MiniTest, ReadDoublesStoresWhatWasParsed) {
+  const struct {
+    const char* key;
+    int capacity, result;
+    std::vector<double> stored;  // out afterwards, the rest untouched (99)
+    int count_after;
+  } rows[] = {{"list", 5, 0, {1, 2, 3}, 3},     {"blanks", 5, 0, {1, 2, 3}, 3},
+              {"list", 2, 0, {1, 2}, 2},        {"trailing", 5, -1, {1, 2}, 5},
+              {"trailing", 2, 0, {1, 2}, 2},    {"double_sep", 5, -1, {1}, 5},
+              {"signed_sep", 5, 0, {1, -2}, 2}, {"empty", 5, -1, {}, 5},
+              {"missing", 5, -1, {}, 5},        {"bad", 5, -1, {}, 5},
+              {"real", 5, 0, {-2.25}, 1},       {"list", 0, -1, {}, 0}};
+  for (const auto& row : rows) {
+    std::vector<double> out(5, 99.0), expected = row.stored;
+    expected.resize(5, 99.0);
+    int count = row.capacity;
+    EXPECT_EQ(mini_read_doubles(handle_, "s", row.key, out.data(), &count), row.result) << row.key;
+    EXPECT_EQ(count, row.count_after) << row.key;
+    EXPECT_EQ(out, expected) << row.key;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Lists, MiniListRead,
-    testing::Values(ListCase{"list", 5, 0, {1, 2, 3}, 3}, ListCase{"blanks", 5, 0, {1, 2, 3}, 3},
-                    ListCase{"list", 2, 0, {1, 2}, 2}, ListCase{"trailing", 5, -1, {1, 2}, 5},
-                    ListCase{"trailing", 2, 0, {1, 2}, 2}, ListCase{"double_sep", 5, -1, {1}, 5},
-                    ListCase{"signed_sep", 5, 0, {1, -2}, 2}, ListCase{"empty", 5, -1, {}, 5},
-                    ListCase{"missing", 5, -1, {}, 5}, ListCase{"bad", 5, -1, {}, 5},
-                    ListCase{"real", 5, 0, {-2.25}, 1}, ListCase{"list", 0, -1, {}, 0}));
-
-TEST_F(MiniTest, WriteDoublesFormatsWholeNumbersAsIntegers) {
+TEST_F(MiniTest, WritesFormatAndReadBack) {
   const double values[] = {1.0, 2.5, -3.0};
   EXPECT_EQ(mini_write_doubles(handle_, "w", "list", values, 3), 0);
   const double edge[] = {2147483648.0, 2147483647.0, -0.0, 1e-7, 0.1234567, NAN};
   EXPECT_EQ(mini_write_doubles(handle_, "w", "edge", edge, 6), 0);
   EXPECT_EQ(mini_write_doubles(handle_, "w", "none", nullptr, 0), 0);
   EXPECT_EQ(mini_write_doubles(handle_, "w", "bad", nullptr, 2), -1);
-  const std::string file = read_file(path_);
-  EXPECT_NE(file.find("[w]\r\nlist=1,2.500000,-3\r\n"
-                      "edge=-2147483648,2147483647,0,0.000000,0.123457,"),
-            std::string::npos)
-      << file;
-  EXPECT_NE(file.find("nan"), std::string::npos) << file;
-  EXPECT_NE(file.find("none=\r\n"), std::string::npos) << file;
-  double back[3] = {};
-  int count = 3;
-  EXPECT_EQ(mini_read_doubles(handle_, "w", "list", back, &count), 0);
-  EXPECT_EQ(count, 3);
-  EXPECT_EQ(back[1], 2.5);
-}
-
-TEST_F(MiniTest, ScalarWritesRoundTrip) {
   EXPECT_EQ(mini_write_long(handle_, "w", "l", -42), 0);
   EXPECT_EQ(mini_write_double(handle_, "w", "d", 1e-7), 0);
   EXPECT_EQ(mini_write_string(handle_, "w", "t", "text"), 0);
   EXPECT_EQ(mini_write_string(handle_, "w", "t", nullptr), -1);
   EXPECT_EQ(mini_write_long(nullptr, "w", "l", 1), -1);
-  EXPECT_NE(read_file(path_).find("[w]\r\nl=-42\r\nd=1e-07\r\nt=text\r\n"), std::string::npos);
+  const std::string file = read_file(path_);
+  EXPECT_NE(file.find("[w]\r\nlist=1,2.500000,-3\r\nedge=-2147483648,2147483647,0,0.000000,0.123457,"),
+            std::string::npos)
+      << file;
+  EXPECT_NE(file.find("nan"), std::string::npos) << file;
+  EXPECT_NE(file.find("none=\r\nl=-42\r\nd=1e-07\r\nt=text\r\n"), std::string::npos) << file;
+  double back[3] = {};
+  int count = 3;
+  EXPECT_EQ(mini_read_doubles(handle_, "w", "list", back, &count), 0);
+  EXPECT_EQ(count, 3);
+  EXPECT_EQ(back[1], 2.5);
   long l = 0;
   double d = 0;
   EXPECT_EQ(mini_read_long(handle_, "W", "L", &l), 0);
@@ -190,6 +191,115 @@ TEST_F(MiniTest, WritesToAReadOnlyFileFail) {
   ASSERT_NE(reader, nullptr);
   EXPECT_EQ(mini_write_string(reader, "s", "k", "w"), -1);
   mini_close(&reader);
+}
+
+TEST_F(MiniTest, FillStyleRoundTripsAndWrapsItsParamBeyondInt32) {
+  FillStyleRec fill{7, 123456, rgb(10, 20, 30), 200, rgb(255, 0, 128), 9};
+  ASSERT_EQ(mini_write_fillstyle(handle_, "styles", "fill", &fill), 0);
+  EXPECT_EQ(numbers("fill"), (std::vector<double>{7, 123456, 10, 20, 30, 200, 255, 0, 128, 9}));
+  FillStyleRec back;
+  std::memset(&back, 0xEE, sizeof back);
+  ASSERT_EQ(mini_read_fillstyle(handle_, "styles", "fill", &back), 0);
+  EXPECT_TRUE(same(back, fill));
+  fill = FillStyleRec{1, 2147483647u, 0, 0, 0, 0};
+  ASSERT_EQ(mini_write_fillstyle(handle_, "styles", "max", &fill), 0);
+  EXPECT_EQ(numbers("max"), (std::vector<double>{1, 2147483647, 0, 0, 0, 0, 0, 0, 0, 0}));
+  fill.param = 2147483648u;
+  ASSERT_EQ(mini_write_fillstyle(handle_, "styles", "wrap", &fill), 0);
+  EXPECT_EQ(line("wrap"), "1,-2147483648,0,0,0,0,0,0,0,0");
+  ASSERT_EQ(mini_read_fillstyle(handle_, "styles", "wrap", &back), 0);
+  EXPECT_EQ(+back.param, 2147483648u);
+}
+
+// Numbers are truncated, not rounded, bytes keep the low bits (-1.9 -> 255,
+// 259 -> 3), and what a short list lacks reads as 0.
+TEST_F(MiniTest, FillStyleReadTruncatesKeepsLowBytesAndZeroesWhatIsMissing) {
+  FillStyleRec fill;
+  std::memset(&fill, 0xEE, sizeof fill);
+  ASSERT_EQ(mini_read_fillstyle(handle_, "styles", "short", &fill), 0);
+  EXPECT_TRUE(same(fill, FillStyleRec{3, 7, 0, 0, 0, 0}));
+  ASSERT_EQ(mini_read_fillstyle(handle_, "styles", "trunc", &fill), 0);
+  EXPECT_TRUE(same(fill, FillStyleRec{2, 300, rgb(1, 2, 3), 255, rgb(4, 5, 6), 3}));
+}
+
+TEST_F(MiniTest, StyleRecordFailuresLeaveTheRecord) {
+  FillStyleRec fill;
+  std::memset(&fill, 0xEE, sizeof fill);
+  const FillStyleRec before = fill;
+  EXPECT_EQ(mini_read_fillstyle(handle_, "styles", "missing", &fill), -1);
+  EXPECT_EQ(mini_read_fillstyle(handle_, "styles", "bad", &fill), -1);
+  EXPECT_TRUE(same(fill, before));
+  EXPECT_EQ(mini_read_fillstyle(handle_, "styles", "short", nullptr), -1);
+  EXPECT_EQ(mini_write_fillstyle(handle_, "styles", nullptr, &fill), -1);
+  PenStyleRec pen{};
+  EXPECT_EQ(mini_read_penstyle(nullptr, "styles", "short", &pen), -1);
+  TexPropsRec tex{};
+  EXPECT_EQ(mini_write_texprops(handle_, nullptr, "t", &tex), -1);
+}
+
+TEST_F(MiniTest, PenStyleRoundTripsAndTheScaledFormLosesItsColour) {
+  const PenStyleRec pen{-3, 0.35f, rgb(200, 100, 0)};
+  ASSERT_EQ(mini_write_penstyle(handle_, "styles", "pen", &pen), 0);
+  EXPECT_EQ(numbers("pen"), (std::vector<double>{-3, 0.35, 200, 100, 0}));
+  PenStyleRec back{};
+  ASSERT_EQ(mini_read_penstyle(handle_, "styles", "pen", &back), 0);
+  EXPECT_TRUE(same(back, pen));
+  const PenStyleRec scaled{1, 2.0f, rgb(200, 100, 0)};
+  ASSERT_EQ(mini_write_penstyleEX(handle_, "styles", "penex", &scaled), 0);
+  EXPECT_EQ(line("penex"), "1,2,1,0,0");
+  ASSERT_EQ(mini_read_penstyle(handle_, "styles", "penex", &back), 0);
+  EXPECT_EQ(+back.color, rgb(1, 0, 0));
+  const PenStyleRec edge{1, 2.0f, rgb(127, 128, 255)};
+  ASSERT_EQ(mini_write_penstyleEX(handle_, "styles", "penex", &edge), 0);
+  EXPECT_EQ(line("penex"), "1,2,0,1,1");
+}
+
+TEST_F(MiniTest, TexturePropertiesUseTheBooleanThreshold) {
+  TexPropsRec tex{};
+  ASSERT_EQ(mini_read_texprops(handle_, "styles", "tex", &tex), 0);
+  // Flags are set from 0.0001 in magnitude on: 0.00005, 0.0001, -0.5.
+  EXPECT_TRUE(same(tex, TexPropsRec{0, {1, 2, 3, 4, 5, 6, 7, 8}, 1, 1, 9.5f, 10.25f}));
+  tex.enabled = 5;
+  tex.values[2] = 1.234567f;
+  ASSERT_EQ(mini_write_texprops(handle_, "styles", "tex2", &tex), 0);
+  EXPECT_EQ(numbers("tex2"), (std::vector<double>{1, 1, 2, 1.23457, 4, 5, 6, 7, 8, 1, 1, 9.5, 10.25}));
+}
+
+TEST_F(MiniTest, ExtendedFillStoresTheGuidInRegistryForm) {
+  FillStyleExRec style{};
+  style.fill = FillStyleRec{2, 5, rgb(1, 2, 3), 4, rgb(5, 6, 7), 8};
+  style.guid = QnUtilGuid{0x6b29fc40, 0xca47, 0x1067, {0xb3, 0x1d, 0x00, 0xdd, 0x01, 0x06, 0x62, 0xda}};
+  ASSERT_EQ(mini_write_fillstyle_ex(handle_, "styles", "ex", &style), 0);
+  EXPECT_EQ(line("exGUID"), "{6B29FC40-CA47-1067-B31D-00DD010662DA}");
+  FillStyleExRec back;
+  std::memset(&back, 0, sizeof back);
+  ASSERT_EQ(mini_read_fillstyle_ex(handle_, "styles", "ex", &back), 0);
+  EXPECT_TRUE(same(back, style));
+  ASSERT_EQ(mini_write_string(handle_, "styles", "exGUID", "{6b29fc40-ca47-1067-b31d-00dd010662da}"), 0);
+  std::memset(&back, 0, sizeof back);
+  EXPECT_EQ(mini_read_fillstyle_ex(handle_, "styles", "ex", &back), 0);
+  EXPECT_EQ(std::memcmp(&back.guid, &style.guid, sizeof style.guid), 0);
+}
+
+TEST_F(MiniTest, ExtendedFillGuidFailures) {
+  FillStyleExRec style{};
+  // The GUID text is no GUID: the fill fields are read all the same.
+  ASSERT_EQ(mini_write_fillstyle(handle_, "styles", "guidless", &style.fill), 0);
+  style.fill.style = 99;
+  EXPECT_EQ(mini_read_fillstyle_ex(handle_, "styles", "guidless", &style), -1);
+  EXPECT_EQ(style.fill.style, 0);
+  // No GUID key at all.
+  EXPECT_EQ(mini_read_fillstyle_ex(handle_, "styles", "short", &style), -1);
+  EXPECT_EQ(style.fill.style, 3);
+  // A key too long to take the suffix: the numbers are written, no GUID.
+  const std::string long_key(251, 'k');
+  EXPECT_EQ(mini_write_fillstyle_ex(handle_, "styles", long_key.c_str(), &style), -1);
+  EXPECT_NE(line(long_key), "<none>");
+  EXPECT_EQ(line(long_key + "GUID"), "<none>");
+  EXPECT_EQ(mini_read_fillstyle_ex(handle_, "styles", long_key.c_str(), &style), -1);
+  const std::string longest(250, 'k');
+  EXPECT_EQ(mini_write_fillstyle_ex(handle_, "styles", longest.c_str(), &style), 0);
+  EXPECT_EQ(mini_read_fillstyle_ex(handle_, "styles", longest.c_str(), &style), 0);
 }
 
 }  // namespace

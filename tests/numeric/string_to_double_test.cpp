@@ -1,18 +1,18 @@
 // Text to double as strtod reads it in the "C" locale.
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
-#include <cstring>
-#include <cstdlib>
 #include <limits>
 #include <random>
-#include <string>
 
 #include "qnutil/qnutil.h"
 
 namespace {
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 struct ParseCase {
   const char* text;
@@ -22,12 +22,15 @@ struct ParseCase {
 class StringToDoubleTest : public ::testing::TestWithParam<ParseCase> {};
 
 TEST_P(StringToDoubleTest, ReadsLikeStrtod) {
-  const double value = QnUtil_StringToDouble(GetParam().text);
-  EXPECT_EQ(value, GetParam().expected) << '"' << GetParam().text << '"';
-  EXPECT_EQ(std::signbit(value), std::signbit(GetParam().expected)) << GetParam().text;
+  const ParseCase& c = GetParam();
+  const double value = QnUtil_StringToDouble(c.text);
+  if (std::isnan(c.expected)) {
+    EXPECT_TRUE(std::isnan(value)) << c.text;
+  } else {
+    EXPECT_EQ(value, c.expected) << '"' << c.text << '"';
+    EXPECT_EQ(std::signbit(value), std::signbit(c.expected)) << c.text;
+  }
 }
-
-constexpr double kInf = std::numeric_limits<double>::infinity();
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, StringToDoubleTest,
@@ -42,6 +45,7 @@ INSTANTIATE_TEST_SUITE_P(
                       ParseCase{"0.0000001e-320", 0.0}, ParseCase{"-1e-400", -0.0},
                       ParseCase{"1000e-326", 1e-323}, ParseCase{"0e99999", 0.0},
                       ParseCase{"infinity", kInf}, ParseCase{"-INF", -kInf},
+                      ParseCase{"nan", kNaN}, ParseCase{" -NaN(123)", kNaN},
                       ParseCase{"0.1", 0.1}, ParseCase{"4.9406564584124654e-324", 5e-324},
                       ParseCase{"1,5", 1.0}));
 
@@ -49,19 +53,12 @@ TEST(StringToDouble, NullGivesNegativeInfinity) {
   EXPECT_EQ(QnUtil_StringToDouble(nullptr), -kInf);
 }
 
-TEST(StringToDouble, NanIsRecognised) {
-  EXPECT_TRUE(std::isnan(QnUtil_StringToDouble("nan")));
-  EXPECT_TRUE(std::isnan(QnUtil_StringToDouble(" -NaN(123)")));
-}
-
 // Every shortest round-trip rendering of a random double reads back to the
 // same bits (correct rounding, independent of the target's C library).
 TEST(StringToDouble, RoundTripsRandomDoubles) {
   std::mt19937_64 random(42);
   for (int i = 0; i < 20000; ++i) {
-    const std::uint64_t bits = random();
-    double value;
-    std::memcpy(&value, &bits, sizeof value);
+    const double value = std::bit_cast<double>(static_cast<unsigned long long>(random()));
     if (!std::isfinite(value)) continue;
     char text[64];
     std::snprintf(text, sizeof text, "%.17g", value);

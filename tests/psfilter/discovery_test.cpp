@@ -4,11 +4,11 @@
 
 #include <string>
 
-#include "plugin_paths.h"
-#include "qnutil/qnutil_win32.h"
+#include "filter_harness.h"
 
 namespace {
 
+using qnutil_test::LoadedFilter;
 using qnutil_test::plugin_path;
 
 struct Discovery {
@@ -56,46 +56,36 @@ INSTANTIATE_TEST_SUITE_P(
                       Discovery{"other_architecture", false, nullptr}, Discovery{"does_not_exist", false, nullptr}),
     [](const ::testing::TestParamInfo<Discovery>& info) { return std::string(info.param.module); });
 
-TEST(PluginDiscovery, NotAModuleIsRejected) {
+TEST(PluginDiscovery, UnusableArgumentsAndOptionalOutputs) {
   PSFilter_* filter = nullptr;
   int32_t error = 0;
   EXPECT_FALSE(AVGetPSFilterAndInfo(qnutil_test::test_program_path().c_str(), nullptr, nullptr, &filter, &error));
   EXPECT_EQ(error, -1);
   EXPECT_FALSE(AVGetPSFilterAndInfo(nullptr, nullptr, nullptr, &filter, &error));
   EXPECT_FALSE(AVGetPSFilterAndInfo(plugin_path("invert").c_str(), nullptr, nullptr, nullptr, &error));
-}
-
-TEST(PluginDiscovery, CategoryAndNameOutputsAreOptional) {
-  PSFilter_* filter = nullptr;
+  // Category, name and error are optional.
   ASSERT_TRUE(AVGetPSFilterAndInfo(plugin_path("invert").c_str(), nullptr, nullptr, &filter, nullptr));
   AVFreeGotPSFilter(&filter);
-}
-
-TEST(PluginDiscovery, EntryNameAsTheListGivesIt) {
-  struct Case {
-    const char* module;
-    std::string entry;
-  };
-  for (const Case& c : {Case{"invert", "PluginMain"}, Case{"long_entry", std::string(255, 'E')}}) {
-    PSFilter_* filter = nullptr;
-    ASSERT_TRUE(AVGetPSFilterAndInfo(plugin_path(c.module).c_str(), nullptr, nullptr, &filter, nullptr));
-    char buffer[256] = "untouched";
-    EXPECT_FALSE(AVGetPSFilterEntryName(filter, buffer, static_cast<int32_t>(c.entry.size())));
-    EXPECT_STREQ(buffer, "untouched");
-    ASSERT_TRUE(AVGetPSFilterEntryName(filter, buffer, static_cast<int32_t>(c.entry.size() + 1)));
-    EXPECT_EQ(buffer, c.entry) << c.module;
-    AVFreeGotPSFilter(&filter);
-  }
-  char buffer[8];
-  EXPECT_FALSE(AVGetPSFilterEntryName(nullptr, buffer, sizeof buffer));
-}
-
-TEST(PluginDiscovery, ReleaseFunctionsAcceptNull) {
+  // The release functions accept null.
   EXPECT_TRUE(AVFreeGotPSFilter(nullptr));
   EXPECT_TRUE(AVFreeGotPSFilterInfo(nullptr, nullptr));
   EXPECT_TRUE(AVFreeGotPSFilterImage(nullptr));
   unsigned char* image = nullptr;
   EXPECT_TRUE(AVFreeGotPSFilterImage(&image));
+}
+
+TEST(PluginDiscovery, EntryNameAsTheListGivesIt) {
+  for (const std::string module : {"invert", "long_entry"}) {
+    const std::string entry = module == "invert" ? "PluginMain" : std::string(255, 'E');
+    LoadedFilter filter(module);
+    char buffer[256] = "untouched";
+    EXPECT_FALSE(AVGetPSFilterEntryName(filter.get(), buffer, static_cast<int32_t>(entry.size())));
+    EXPECT_STREQ(buffer, "untouched");
+    ASSERT_TRUE(AVGetPSFilterEntryName(filter.get(), buffer, static_cast<int32_t>(entry.size() + 1)));
+    EXPECT_EQ(buffer, entry) << module;
+  }
+  char buffer[8];
+  EXPECT_FALSE(AVGetPSFilterEntryName(nullptr, buffer, sizeof buffer));
 }
 
 }  // namespace

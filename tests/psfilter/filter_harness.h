@@ -1,5 +1,6 @@
-// Running test plug-ins from the tests: images with a known pattern, a
-// loaded filter that frees itself, and one run's outcome.
+// Running test plug-ins from the tests: where they are (next to the test
+// program), images with a known pattern, a loaded filter that frees itself,
+// and one run's outcome.
 #pragma once
 
 #include <windows.h>
@@ -9,10 +10,20 @@
 #include <string>
 #include <vector>
 
-#include "plugin_paths.h"
 #include "qnutil/qnutil_win32.h"
 
 namespace qnutil_test {
+
+inline std::string test_program_path() {
+  char path[MAX_PATH] = {};
+  GetModuleFileNameA(nullptr, path, MAX_PATH);
+  return path;
+}
+
+inline std::string plugin_path(const std::string& name) {
+  const std::string program = test_program_path();
+  return program.substr(0, program.find_last_of("\\/") + 1) + "psfilter-plugins\\" + name + ".8bf";
+}
 
 // Rows top-down, blue, green, red, alpha, with padding after each row.
 struct Image {
@@ -22,7 +33,6 @@ struct Image {
   std::vector<uint8_t> bytes;
 
   uint8_t* pixel(int x, int y) { return bytes.data() + y * rowBytes + x * 4; }
-  const uint8_t* pixel(int x, int y) const { return bytes.data() + y * rowBytes + x * 4; }
 };
 
 // Every byte differs from its neighbours, padding included.
@@ -38,8 +48,6 @@ class EnvSetting {
  public:
   EnvSetting(const char* name, const std::string& value) : name_(name) { SetEnvironmentVariableA(name, value.c_str()); }
   ~EnvSetting() { SetEnvironmentVariableA(name_, nullptr); }
-  EnvSetting(const EnvSetting&) = delete;
-  EnvSetting& operator=(const EnvSetting&) = delete;
 
  private:
   const char* name_;

@@ -12,69 +12,93 @@ namespace {
 
 using namespace qnutil_test;
 
-struct TileCase {
+// One run of the invert plug-in: its tiles and planes, a step told to fail,
+// and what the run gives back.
+struct InvertCase {
   int width, height;          // image
   int tileWidth, tileHeight;  // tiles the plug-in asks for
   int lo, hi;                 // planes
+  const char* fail;           // QNUTIL_PLUGIN_FAIL
+  std::string trace;
+  bool ok = true;
+  int32_t status = 0;
+  int invertedRows = -1;  // from the top; -1: all
+  bool noTiles = false;   // start sets no tile
 };
 
-class InvertInTiles : public ::testing::TestWithParam<TileCase> {};
+// The selector trace of a successful run over n tiles: finish is not called.
+std::string tiles(int n) { return "123" + std::string(n, '4'); }
 
-TEST_P(InvertInTiles, EveryTileIsWrittenBackInsideTheImage) {
-  const TileCase c = GetParam();
+class InvertRun : public ::testing::TestWithParam<InvertCase> {};
+
+TEST_P(InvertRun, StatusTraceAndEveryTileWrittenBackInsideTheImage) {
+  const InvertCase c = GetParam();
   const EnvSetting tileWidth("QNUTIL_PLUGIN_TILE_W", std::to_string(c.tileWidth));
   const EnvSetting tileHeight("QNUTIL_PLUGIN_TILE_H", std::to_string(c.tileHeight));
   const EnvSetting lo("QNUTIL_PLUGIN_LO", std::to_string(c.lo));
   const EnvSetting hi("QNUTIL_PLUGIN_HI", std::to_string(c.hi));
+  const EnvSetting fail("QNUTIL_PLUGIN_FAIL", c.fail);
+  const EnvSetting noTiles("QNUTIL_PLUGIN_NO_TILES", c.noTiles ? "1" : "0");
   LoadedFilter filter("invert");
   ASSERT_NE(filter.get(), nullptr);
   const Image source = pattern_image(c.width, c.height);
-
   const RunOutcome outcome = run(filter.get(), source);
-
-  ASSERT_TRUE(outcome.ok) << outcome.status;  // -20xx: a record field the host set wrongly
-  EXPECT_EQ(outcome.status, 0);
-  const int tiles = ((c.width + c.tileWidth - 1) / c.tileWidth) * ((c.height + c.tileHeight - 1) / c.tileHeight);
-  // Finish is not called after a successful run.
-  EXPECT_EQ(outcome.trace, "123" + std::string(tiles, '4'));
-  EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, c.lo, c.hi, inverted)), "");
+  EXPECT_EQ(outcome.ok, c.ok);
+  EXPECT_EQ(outcome.status, c.status);  // -20xx: a record field the host set wrongly
+  EXPECT_EQ(outcome.trace, c.trace);
+  EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, c.lo, c.hi, inverted, 0, c.invertedRows)), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Tiles, InvertInTiles,
-                         ::testing::Values(TileCase{20, 13, 7, 5, 0, 2},     // last column and row reach past the edge
-                                           TileCase{16, 8, 4, 4, 0, 2},      // tiles fit exactly
-                                           TileCase{20, 13, 256, 256, 0, 2}, // one tile larger than the image
-                                           TileCase{5, 3, 1, 1, 0, 2},
-                                           TileCase{9, 6, 4, 4, 0, 0},       // red only
-                                           TileCase{9, 6, 4, 4, 1, 3},       // green, blue and transparency
-                                           TileCase{9, 6, 5, 2, 3, 3}));     // transparency only
+INSTANTIATE_TEST_SUITE_P(
+    Tiles, InvertRun,
+    ::testing::Values(InvertCase{20, 13, 7, 5, 0, 2, "", tiles(9)},      // last column and row reach past the edge
+                      InvertCase{16, 8, 4, 4, 0, 2, "", tiles(8)},       // tiles fit exactly
+                      InvertCase{20, 13, 256, 256, 0, 2, "", tiles(1)},  // one tile larger than the image
+                      InvertCase{5, 3, 1, 1, 0, 2, "", tiles(15)},
+                      InvertCase{9, 6, 4, 4, 0, 0, "", tiles(6)},        // red only
+                      InvertCase{9, 6, 4, 4, 1, 3, "", tiles(6)},        // green, blue and transparency
+                      InvertCase{9, 6, 5, 2, 3, 3, "", tiles(6)}));      // transparency only
+
+// Two tiles, the top and the bottom half of a 6 x 8 image, with a failing step.
+INSTANTIATE_TEST_SUITE_P(
+    FailingSteps, InvertRun,
+    ::testing::Values(InvertCase{6, 8, 256, 4, 0, 2, "1:-5", "1", false, -5, 0},
+                      InvertCase{6, 8, 256, 4, 0, 2, "2:-30100", "12", false, -30100, 0},
+                      InvertCase{6, 8, 256, 4, 0, 2, "2:3", tiles(2)},  // a positive prepare result still runs
+                      InvertCase{6, 8, 256, 4, 0, 2, "3:7", "123", true, 7, 0},  // start's result is the status
+                      InvertCase{6, 8, 256, 4, 0, 2, "3:-7", "123", false, -7, 0},
+                      // A failing continue is followed by finish, and is not the run's status.
+                      InvertCase{6, 8, 256, 4, 0, 2, "4:-9", "12345", true, 0, 4},
+                      InvertCase{6, 8, 256, 4, 0, 2, "4:2", "12345", true, 0, 4},
+                      InvertCase{6, 8, 256, 4, 0, 2, "", "123", true, 0, 0, true}));  // no tile: ends after start
 
 TEST(KeptParameters, RepeatReusesTheHandleAndSkipsTheParametersStep) {
   LoadedFilter filter("params");
   ASSERT_NE(filter.get(), nullptr);
   EXPECT_FALSE(filter.can_repeat());
   const Image source = pattern_image(11, 7);
-  const auto plus = [](int n) { return [n](uint8_t value) { return uint8_t(value + n); }; };
-
-  RunOutcome first = run(filter.get(), source);
-  ASSERT_TRUE(first.ok) << first.status;
-  EXPECT_EQ(first.trace, "1234");
-  EXPECT_EQ(first_difference(first.image, with_planes_changed(source, 0, 2, plus(1))), "");
-  EXPECT_TRUE(filter.can_repeat());
-
-  RunOutcome repeated = run(filter.get(), source, true);
-  ASSERT_TRUE(repeated.ok) << repeated.status;
-  EXPECT_EQ(repeated.trace, "234");
-  EXPECT_EQ(first_difference(repeated.image, with_planes_changed(source, 0, 2, plus(1))), "");
-
-  RunOutcome again = run(filter.get(), source, false);
-  ASSERT_TRUE(again.ok) << again.status;
-  EXPECT_EQ(again.trace, "1234");
-  EXPECT_EQ(first_difference(again.image, with_planes_changed(source, 0, 2, plus(2))), "");
+  const struct {
+    bool repeat;
+    const char* trace;
+    int added;  // the parameters step counts its calls
+  } runs[] = {{false, "1234", 1}, {true, "234", 1}, {false, "1234", 2}};
+  for (const auto& r : runs) {
+    const RunOutcome outcome = run(filter.get(), source, r.repeat);
+    ASSERT_TRUE(outcome.ok) << outcome.status;
+    EXPECT_EQ(outcome.trace, r.trace);
+    const auto plus = [&r](uint8_t value) { return uint8_t(value + r.added); };
+    EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, 0, 2, plus)), "");
+    EXPECT_TRUE(filter.can_repeat());
+  }
 }
 
 TEST(KeptParameters, RepeatWithoutKeptParametersRunsTheParametersStep) {
   LoadedFilter filter("params");
+  bool canRepeat = true;
+  EXPECT_FALSE(AVPSFilterCanDoLastFilter(nullptr, &canRepeat));
+  EXPECT_FALSE(AVPSFilterCanDoLastFilter(filter.get(), nullptr));
+  EXPECT_TRUE(AVPSFilterCanDoLastFilter(filter.get(), &canRepeat));
+  EXPECT_FALSE(canRepeat);
   const RunOutcome outcome = run(filter.get(), pattern_image(4, 4), true);
   EXPECT_TRUE(outcome.ok);
   EXPECT_EQ(outcome.trace, "1234");
@@ -94,33 +118,22 @@ TEST(KeptParameters, CancelledDialogFailsTheRunAndKeepsNothing) {
   EXPECT_FALSE(filter.can_repeat());
 }
 
-TEST(KeptParameters, CanDoLastFilterNeedsFilterAndOutput) {
-  LoadedFilter filter("params");
-  bool canRepeat = true;
-  EXPECT_FALSE(AVPSFilterCanDoLastFilter(nullptr, &canRepeat));
-  EXPECT_FALSE(AVPSFilterCanDoLastFilter(filter.get(), nullptr));
-  EXPECT_TRUE(AVPSFilterCanDoLastFilter(filter.get(), &canRepeat));
-  EXPECT_FALSE(canRepeat);
-}
-
-// Progress reports seen by the host's caller.
+// Progress reports seen by the host's caller; each test starts a new log.
 struct ProgressLog {
   std::vector<float> fractions;
   float cancelAt = 2.0f;  // answer false from this fraction on
 };
-ProgressLog* g_log = nullptr;
+ProgressLog g_log;
 
 bool QNUTIL_CALL record_progress(float fraction, int32_t userValue) {
   if (userValue != 4711) return false;
-  g_log->fractions.push_back(fraction);
-  return fraction < g_log->cancelAt;
+  g_log.fractions.push_back(fraction);
+  return fraction < g_log.cancelAt;
 }
 
 class Progress : public ::testing::Test {
  protected:
-  void SetUp() override { g_log = &log_; }
-  void TearDown() override { g_log = nullptr; }
-  ProgressLog log_;
+  void SetUp() override { g_log = ProgressLog{}; }
 };
 
 TEST_F(Progress, ReportsReachTheCallerInOrder) {
@@ -130,24 +143,24 @@ TEST_F(Progress, ReportsReachTheCallerInOrder) {
   ASSERT_TRUE(outcome.ok) << outcome.status;
   EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, 0, 2, inverted)), "");
   // Each row: the report itself, then abortProc asking with the last fraction.
-  ASSERT_EQ(log_.fractions.size(), 20u);
-  for (size_t i = 0; i < log_.fractions.size(); ++i) EXPECT_FLOAT_EQ(log_.fractions[i], float(i / 2 + 1) / 10.0f);
+  ASSERT_EQ(g_log.fractions.size(), 20u);
+  for (size_t i = 0; i < g_log.fractions.size(); ++i) EXPECT_FLOAT_EQ(g_log.fractions[i], float(i / 2 + 1) / 10.0f);
 }
 
 TEST_F(Progress, FalseFromTheCallbackCancelsThroughAbortProc) {
   LoadedFilter filter("progress");
   const Image source = pattern_image(6, 10);
-  log_.cancelAt = 0.5f;
+  g_log.cancelAt = 0.5f;
   const RunOutcome cancelled = run(filter.get(), source, false, record_progress, 4711);
   EXPECT_FALSE(cancelled.ok);
   EXPECT_EQ(cancelled.status, -128);
   // Fifth report answered false: abortProc answers true without asking again.
-  EXPECT_EQ(log_.fractions.size(), 9u);
+  EXPECT_EQ(g_log.fractions.size(), 9u);
   // Rows handed back before the cancel are in the result; the row in hand is not.
   EXPECT_EQ(first_difference(cancelled.image, with_planes_changed(source, 0, 2, inverted, 0, 4)), "");
 
   // The next run, over another image, gets nothing of the abandoned tile.
-  log_ = ProgressLog{};
+  g_log = ProgressLog{};
   const Image other = pattern_image(6, 10, 4);
   const RunOutcome next = run(filter.get(), other, false, record_progress, 4711);
   EXPECT_TRUE(next.ok);
@@ -164,14 +177,14 @@ TEST_F(Progress, WithoutCallbackTheRunIsNeverCancelled) {
 TEST_F(Progress, CallbacksOutsideARunAnswerAsStopped) {
   LoadedFilter filter("progress");
   ASSERT_TRUE(run(filter.get(), pattern_image(3, 2), false, record_progress, 4711).ok);
-  log_.fractions.clear();
+  g_log.fractions.clear();
   // The plug-in is loaded already; this only borrows it.
   HMODULE module = LoadLibraryA(plugin_path("progress").c_str());
   ASSERT_NE(module, nullptr);
   auto probe = reinterpret_cast<int (*)()>(reinterpret_cast<void*>(GetProcAddress(module, "ProbeCallbacksOutsideRun")));
   ASSERT_NE(probe, nullptr);
   EXPECT_EQ(probe(), 3);
-  EXPECT_TRUE(log_.fractions.empty());  // the caller's progress callback is not called
+  EXPECT_TRUE(g_log.fractions.empty());  // the caller's progress callback is not called
   FreeLibrary(module);
 }
 
@@ -188,51 +201,6 @@ TEST(Suites, BufferAndHandleSuitesServeHostAndPluginMemory) {
       pixel[0] = 30, pixel[1] = 20, pixel[2] = 10, pixel[3] = 40;
     }
   EXPECT_EQ(first_difference(outcome.image, expected), "");
-}
-
-struct FailureCase {
-  const char* fail;  // QNUTIL_PLUGIN_FAIL
-  bool ok;
-  int32_t status;
-  const char* trace;
-  int invertedRows;  // of 8, from the top
-};
-
-class FailingStep : public ::testing::TestWithParam<FailureCase> {};
-
-TEST_P(FailingStep, StatusTraceAndImage) {
-  const FailureCase c = GetParam();
-  const EnvSetting fail("QNUTIL_PLUGIN_FAIL", c.fail);
-  LoadedFilter filter("failing");
-  const Image source = pattern_image(6, 8);
-  const RunOutcome outcome = run(filter.get(), source);
-  EXPECT_EQ(outcome.ok, c.ok);
-  EXPECT_EQ(outcome.status, c.status);
-  EXPECT_EQ(outcome.trace, c.trace);
-  EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, 0, 2, inverted, 0, c.invertedRows)), "");
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Steps, FailingStep,
-    ::testing::Values(FailureCase{"", true, 0, "12344", 8},
-                      FailureCase{"1:-5", false, -5, "1", 0},
-                      FailureCase{"2:-30100", false, -30100, "12", 0},
-                      FailureCase{"2:3", true, 0, "12344", 8},     // a positive prepare result still runs
-                      FailureCase{"3:7", true, 7, "123", 0},       // start's result is the status
-                      FailureCase{"3:-7", false, -7, "123", 0},
-                      // A failing continue is followed by finish, and is not the run's status.
-                      FailureCase{"4:-9", true, 0, "12345", 4},
-                      FailureCase{"4:2", true, 0, "12345", 4}));
-
-TEST(FailingStep, NoTilesEndsRightAfterStart) {
-  const EnvSetting noTiles("QNUTIL_PLUGIN_NO_TILES", "1");
-  LoadedFilter filter("failing");
-  const Image source = pattern_image(6, 8);
-  const RunOutcome outcome = run(filter.get(), source);
-  EXPECT_TRUE(outcome.ok);
-  EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.trace, "123");
-  EXPECT_EQ(first_difference(outcome.image, source), "");
 }
 
 TEST(UnusableArguments, FailWithoutCallingThePlugin) {

@@ -23,10 +23,6 @@ inline uint32_t get32(const std::string& bytes, size_t at) {
   return value;
 }
 
-inline uint16_t get16(const std::string& bytes, size_t at) {
-  return static_cast<uint16_t>(static_cast<uint8_t>(bytes[at]) | static_cast<uint8_t>(bytes[at + 1]) << 8);
-}
-
 inline uint32_t stride_of(int width, int bit_count) { return (static_cast<uint32_t>(width) * (bit_count / 8) + 3) & ~3u; }
 
 struct BmpFields {
@@ -34,8 +30,8 @@ struct BmpFields {
   int height = 1;
   uint16_t bit_count = 24;
   uint32_t clr_used = 0;
-  std::vector<uint32_t> palette;  // entries as words 0x00RRGGBB
-  std::string pixels;             // raw rows as stored (bottom-up, padded)
+  std::vector<uint32_t> palette = {};  // entries as words 0x00RRGGBB
+  std::string pixels = {};           // raw rows as stored (bottom-up, padded)
   uint32_t off_bits = 0;          // 0: 54 + palette bytes
   uint32_t size_image = 0;
   uint16_t reserved1 = 0;
@@ -45,30 +41,16 @@ struct BmpFields {
 
 inline std::string info_header(const BmpFields& fields) {
   std::string out;
-  put32(out, 40);
-  put32(out, static_cast<uint32_t>(fields.width));
-  put32(out, static_cast<uint32_t>(fields.height));
+  for (uint32_t v : {40u, uint32_t(fields.width), uint32_t(fields.height)}) put32(out, v);
   put16(out, 1);
   put16(out, fields.bit_count);
-  put32(out, 0);
-  put32(out, fields.size_image);
-  put32(out, static_cast<uint32_t>(fields.x_pels));
-  put32(out, 2835);
-  put32(out, fields.clr_used);
-  put32(out, 0);
-  return out;
-}
-
-inline std::string palette_bytes(const BmpFields& fields) {
-  std::string out;
-  for (uint32_t entry : fields.palette) put32(out, entry);
+  for (uint32_t v : {0u, fields.size_image, uint32_t(fields.x_pels), 2835u, fields.clr_used, 0u}) put32(out, v);
   return out;
 }
 
 inline std::string bmp_file(const BmpFields& fields) {
-  const std::string palette = palette_bytes(fields);
-  std::string out;
-  put16(out, 0x4D42);
+  std::string palette, out = "BM";
+  for (uint32_t entry : fields.palette) put32(palette, entry);
   put32(out, static_cast<uint32_t>(54 + palette.size() + fields.pixels.size()));
   put16(out, fields.reserved1);
   put16(out, fields.reserved2);
@@ -89,7 +71,7 @@ inline std::string rows_24bit(const std::vector<uint32_t>& words, int width, int
 
 // Pixels of a 24-bit file as words, bottom-up; empty when it is no such file.
 inline std::vector<uint32_t> decode_24bit(const std::string& file) {
-  if (file.size() < 54 || get16(file, 28) != 24) return {};
+  if (file.size() < 54 || (get32(file, 28) & 0xFFFF) != 24) return {};
   const int width = static_cast<int>(get32(file, 18)), height = static_cast<int>(get32(file, 22));
   const uint32_t stride = stride_of(width, 24);
   const size_t offset = get32(file, 10);

@@ -1,4 +1,5 @@
-// Create, Copy, Fill, depth conversions, crop and mirrors.
+// Create, Copy, Fill, depth conversions, crop and mirrors, and the sized
+// memory loaders and the memory saver.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -14,10 +15,7 @@ namespace {
 void coordinate_image(CQnBitmap& image, int width, int height) {
   image.Create(width, height);
   for (int y = 0; y < height; ++y)
-    for (int x = 0; x < width; ++x) {
-      const uint32_t word = static_cast<uint32_t>(y) << 8 | static_cast<uint32_t>(x);
-      std::memcpy(image.Pixels() + size_t(height - 1 - y) * image.Stride() + size_t(x) * 4, &word, 4);
-    }
+    for (int x = 0; x < width; ++x) picture_word(image, x, y) = static_cast<uint32_t>(y) << 8 | static_cast<uint32_t>(x);
 }
 
 TEST(Create, SetsHeadersAndReturnsFileSize) {
@@ -29,7 +27,8 @@ TEST(Create, SetsHeadersAndReturnsFileSize) {
   EXPECT_EQ(image.InfoHeader().biPlanes, 1);
   EXPECT_EQ(image.InfoHeader().biSize, 40u);
   EXPECT_EQ(image.Stride(), 12u);
-  EXPECT_FALSE(image.IsEmpty());
+  image.Fill(0x12345678);
+  EXPECT_EQ(words_of(image), std::vector<uint32_t>(6, 0x12345678));
   EXPECT_EQ(image.Create(-5, 4), 54);
   EXPECT_EQ(image.Width(), 0);
   EXPECT_TRUE(image.IsEmpty());
@@ -53,49 +52,24 @@ TEST(Copy, IsDeepAndTakesInterpolationModeButNotColourSpace) {
   EXPECT_EQ(words_of(copy), words_of(source));
 }
 
-TEST(Fill, SetsEveryWord) {
-  CQnBitmap image;
-  image.Create(5, 3);
-  image.Fill(0x12345678);
-  EXPECT_EQ(words_of(image), std::vector<uint32_t>(15, 0x12345678));
-}
-
-TEST(Convert, To24BitAndBackDropsTheFourthByte) {
-  CQnBitmap image;
-  set_words(image, 3, 2, {0xAA010203, 0xBB040506, 0xCC070809, 0x0A0B0C, 0x0D0E0F, 0x101112});
-  image.ConvertTo24Bit();
-  EXPECT_EQ(image.BitCount(), 24);
-  EXPECT_EQ(image.Stride(), 12u);
-  EXPECT_EQ(image.BytesPerPixel(), 3u);
-  EXPECT_EQ(image.FileHeader().bfSize, 24u + 54);
-  const std::string row0(reinterpret_cast<const char*>(image.Pixels()), 12);
-  EXPECT_EQ(row0, std::string("\x03\x02\x01\x06\x05\x04\x09\x08\x07\0\0\0", 12));
-  image.ConvertTo24Bit();  // already 24-bit: nothing happens
-  EXPECT_EQ(image.Stride(), 12u);
-  image.Blur();  // effects leave a 24-bit buffer alone
-  image.ConvertTo32Bit();
-  EXPECT_EQ(words_of(image), (std::vector<uint32_t>{0x010203, 0x040506, 0x070809, 0x0A0B0C, 0x0D0E0F, 0x101112}));
-  EXPECT_EQ(image.FileHeader().bfSize, 24u + 54);
-}
-
-TEST(Convert, RoundTripOfEveryRowLengthKeepsTheColours) {
+TEST(Convert, To24BitAndBackKeepsTheColoursOfEveryRowLength) {
   uint32_t seed = 1;
   for (int width = 1; width <= 9; ++width)
     for (int height = 1; height <= 3; ++height) {
-      const auto words = pattern_words(size_t(width) * height, seed++);
+      auto words = pattern_words(size_t(width) * height, seed++);
       CQnBitmap image;
       set_words(image, width, height, words);
       image.ConvertTo24Bit();
       ASSERT_EQ(image.Stride(), stride_of(width, 24));
-      for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-          const uint8_t* p = image.Pixels() + y * image.Stride() + x * 3;
-          ASSERT_EQ(uint32_t(p[0] | p[1] << 8 | p[2] << 16), words[size_t(y) * width + x] & 0xFFFFFF);
-        }
+      ASSERT_EQ(image.BitCount(), 24);
+      ASSERT_EQ(image.BytesPerPixel(), 3u);
+      ASSERT_EQ(image.FileHeader().bfSize, stride_of(width, 24) * height + 54);
+      image.ConvertTo24Bit();  // already 24-bit: nothing happens
+      image.Blur();            // effects leave a 24-bit buffer alone
       image.ConvertTo32Bit();
-      std::vector<uint32_t> colours;
-      for (uint32_t w : words) colours.push_back(w & 0xFFFFFF);
-      ASSERT_EQ(words_of(image), colours) << width << "x" << height;
+      for (uint32_t& word : words) word &= 0xFFFFFF;  // the fourth byte is dropped
+      ASSERT_EQ(words_of(image), words) << width << "x" << height;
+      ASSERT_EQ(image.FileHeader().bfSize, uint32_t(width) * 4 * height + 54);
     }
 }
 
@@ -130,24 +104,18 @@ INSTANTIATE_TEST_SUITE_P(Rectangles, CropTest,
                                          CropCase{10, 8, 2, 8, 3, 3, 0, 0, 10, 8},  // height 0: unchanged
                                          CropCase{7, 3, 1, 0, 5, -2, 0, 0, 7, 3}));
 
-TEST(Flip, HorizontalMirrorsEveryRow) {
-  for (int width : {1, 2, 3, 7, 8, 9, 17}) {
-    CQnBitmap image;
-    coordinate_image(image, width, 3);
-    image.FlipHorizontal();
+TEST(Flip, MirrorsRowsAndColumns) {
+  for (int size : {1, 2, 3, 5, 7, 8, 9, 17}) {
+    CQnBitmap wide, tall;
+    coordinate_image(wide, size, 3);
+    coordinate_image(tall, 3, size);
+    wide.FlipHorizontal();
+    tall.FlipVertical();
     for (int y = 0; y < 3; ++y)
-      for (int x = 0; x < width; ++x)
-        ASSERT_EQ(picture_pixel(image, x, y), uint32_t(y) << 8 | uint32_t(width - 1 - x)) << width;
-  }
-}
-
-TEST(Flip, VerticalSwapsRows) {
-  for (int height : {1, 2, 5}) {
-    CQnBitmap image;
-    coordinate_image(image, 3, height);
-    image.FlipVertical();
-    for (int y = 0; y < height; ++y)
-      for (int x = 0; x < 3; ++x) ASSERT_EQ(picture_pixel(image, x, y), uint32_t(height - 1 - y) << 8 | uint32_t(x));
+      for (int x = 0; x < size; ++x) {
+        ASSERT_EQ(picture_pixel(wide, x, y), uint32_t(y) << 8 | uint32_t(size - 1 - x)) << size;
+        ASSERT_EQ(picture_pixel(tall, y, x), uint32_t(size - 1 - x) << 8 | uint32_t(y)) << size;
+      }
   }
 }
 
@@ -160,6 +128,59 @@ TEST(Geometry, EmptyImageIsLeftAlone) {
   image.ConvertTo32Bit();
   image.Fill(1);
   EXPECT_TRUE(image.IsEmpty());
+}
+
+const BmpFields kTwoByTwo{.width = 2, .height = 2, .pixels = rows_24bit({0x010203, 0x040506, 0x070809, 0x0A0B0C}, 2, 2)};
+
+TEST(SizedLoader, BytesBeyondTheLengthReadAsZero) {
+  const std::string file = bmp_file(kTwoByTwo);
+  for (size_t length : {size_t(0), size_t(10), size_t(54), size_t(60), size_t(66), file.size()}) {
+    CQnBitmap image;
+    image.LoadFromBits(file.data(), length);
+    if (length < 54) {
+      // Headers cut short read as zero: width 0, depth 0, no pixels.
+      EXPECT_TRUE(image.IsEmpty()) << length;
+      continue;
+    }
+    std::string whole = file.substr(0, length);
+    whole.resize(file.size(), '\0');
+    CQnBitmap reference;
+    reference.LoadFromBits(whole.data());
+    EXPECT_EQ(words_of(image), words_of(reference)) << length;
+  }
+}
+
+TEST(SizedLoader, PackedDibAndSeparateHeadersHonourTheLength) {
+  const BmpFields& s = kTwoByTwo;
+  const std::string dib = info_header(s) + s.pixels;
+  CQnBitmap image;
+  image.LoadFromBits2(dib.data(), 0, 40 + 8);  // first row only
+  EXPECT_EQ(words_of(image), (std::vector<uint32_t>{0x010203, 0x040506, 0, 0}));
+  QnBmpFileHeader file{};
+  QnBmpInfoHeader info;
+  std::memcpy(&info, dib.data(), 40);
+  image.LoadFromBits3(file, info, s.pixels.data(), 3);
+  EXPECT_EQ(words_of(image), (std::vector<uint32_t>{0x010203, 0, 0, 0}));
+}
+
+TEST(SaveToMemory, LeavesRoomForThePaletteCountAsItStands) {
+  const std::string file = bmp_file({.bit_count = 8, .clr_used = 4, .palette = {1, 2, 3, 0x445566},
+                                      .pixels = std::string("\x03\x00\x00\x00", 4)});
+  CQnBitmap image;
+  image.LoadFromBits(file.data(), file.size());
+  ASSERT_EQ(image.PaletteCount(), 4u);
+  const size_t size = image.SavedMemorySize();
+  ASSERT_EQ(size, 54u + 16 + 4);
+  std::string memory(size, '\x77');
+  EXPECT_FALSE(image.SaveToMemory(memory.data(), size - 1));
+  EXPECT_EQ(memory, std::string(size, '\x77'));
+  EXPECT_TRUE(image.SaveToMemory(memory.data(), size));
+  EXPECT_EQ(get32(memory, 2), 54u + 4);   // bfSize counts no palette
+  EXPECT_EQ(get32(memory, 10), 54u);      // nor does bfOffBits
+  EXPECT_EQ(memory[28], 24);
+  EXPECT_EQ(memory.substr(54, 16), std::string(16, '\x77'));  // the gap is not written
+  EXPECT_EQ(memory.substr(70), std::string("\x66\x55\x44\x00", 4));
+  EXPECT_EQ(image.BitCount(), 32);
 }
 
 }  // namespace

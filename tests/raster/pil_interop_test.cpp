@@ -17,19 +17,7 @@ using qnutil_test::write_file;
 
 namespace {
 
-// PIL's pixel dump (top-down RGB triples) as bottom-up words.
-std::vector<uint32_t> words_of_dump(const std::string& dump, int width, int height) {
-  std::vector<uint32_t> words(size_t(width) * height);
-  for (int y = 0; y < height; ++y)
-    for (int x = 0; x < width; ++x) {
-      const size_t at = (size_t(y) * width + x) * 3;
-      words[size_t(height - 1 - y) * width + x] = static_cast<uint32_t>(static_cast<uint8_t>(dump[at])) << 16 |
-                                                  static_cast<uint8_t>(dump[at + 1]) << 8 |
-                                                  static_cast<uint8_t>(dump[at + 2]);
-    }
-  return words;
-}
-
+// Bottom-up words as PIL's pixel dump: top-down RGB triples.
 std::string dump_of_words(const std::vector<uint32_t>& words, int width, int height) {
   std::string dump;
   for (int y = height - 1; y >= 0; --y)
@@ -56,7 +44,7 @@ TEST(PilInterop, ReadsFilesPilWrote) {
     ASSERT_EQ(bmpExInit(&handle), 1);
     ASSERT_EQ(bmpExLoad(handle, entry.path().string().c_str()), 1);
     ASSERT_EQ(bmpExSaveToFile(handle, scratch.file("out.bmp").c_str()), 1);
-    EXPECT_EQ(decode_24bit(read_file(scratch.path() / "out.bmp")), words_of_dump(read_file(dump_path), width, height))
+    EXPECT_EQ(dump_of_words(decode_24bit(read_file(scratch.path() / "out.bmp")), width, height), read_file(dump_path))
         << entry.path().filename().string();
     ++files;
   }

@@ -1,3 +1,5 @@
+// The device side of bmpEx: device bitmaps in and out and drawing into
+// device contexts, checked against what GDI itself shows.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -7,6 +9,7 @@
 #include "qnutil/gdi_win32.h"
 #include "qnutil/qnutil_win32.h"
 
+using gdi_test::device_bitmap;
 using gdi_test::DibCanvas;
 using gdi_test::Pixels;
 
@@ -22,29 +25,9 @@ bmpExHandle new_image() {
   return handle;
 }
 
-// A device bitmap (compatible with the screen) holding the picture.
-HBITMAP device_bitmap(int width, int height, const Pixels& pixels) {
-  DibCanvas canvas(width, height);
-  canvas.set_all(pixels);
-  const HDC screen = GetDC(nullptr);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-  ReleaseDC(nullptr, screen);
-  const HDC dc = CreateCompatibleDC(nullptr);
-  const HGDIOBJ old = SelectObject(dc, bitmap);
-  BitBlt(dc, 0, 0, width, height, canvas.dc(), 0, 0, SRCCOPY);
-  SelectObject(dc, old);
-  DeleteDC(dc);
-  return bitmap;
-}
-
 // The picture of a bitmap as top-down 0x00RRGGBB words, through GetDIBits.
 Pixels pixels_of(HBITMAP bitmap, int width, int height) {
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = -height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
+  BITMAPINFO info = gdi_test::top_down_info(width, height);
   Pixels pixels(static_cast<size_t>(width * height));
   const HDC screen = GetDC(nullptr);
   GetDIBits(screen, bitmap, 0, static_cast<UINT>(height), pixels.data(), &info, DIB_RGB_COLORS);
@@ -64,20 +47,13 @@ void expect_picture_at(const DibCanvas& canvas, int left, int top, const Pixels&
     }
 }
 
-TEST(BmpExDevice, LoadFromDeviceBitmapThenDrawKeepsTheOrientation) {
+TEST(BmpExDevice, DeviceBitmapInAndOutKeepsTheOrientation) {
   const bmpExHandle image = new_image();
   const HBITMAP source = device_bitmap(3, 2, kPicture);
   EXPECT_EQ(bmpExLoadFromHBitmap(image, source), 1);
   DibCanvas canvas(5, 4, kBackground);
   EXPECT_EQ(bmpExDraw(image, canvas.dc()), 1);
   expect_picture_at(canvas, 0, 0, kPicture, 3, 2);
-  DeleteObject(source);
-}
-
-TEST(BmpExDevice, SaveCreatesA32BitDeviceBitmapOfThePicture) {
-  const bmpExHandle image = new_image();
-  const HBITMAP source = device_bitmap(3, 2, kPicture);
-  bmpExLoadFromHBitmap(image, source);
   HBITMAP saved = nullptr;
   EXPECT_EQ(bmpExSave(image, &saved), 1);
   ASSERT_NE(saved, nullptr);
@@ -92,9 +68,9 @@ TEST(BmpExDevice, SaveCreatesA32BitDeviceBitmapOfThePicture) {
   EXPECT_EQ(bmpExSave(image, &saved), 1);
   EXPECT_EQ(saved, first);
   // The image is unchanged by saving: drawing still shows it upright.
-  DibCanvas canvas(3, 2, kBackground);
-  bmpExDraw(image, canvas.dc());
-  expect_picture_at(canvas, 0, 0, kPicture, 3, 2);
+  DibCanvas again(5, 4, kBackground);
+  bmpExDraw(image, again.dc());
+  expect_picture_at(again, 0, 0, kPicture, 3, 2);
   DeleteObject(saved);
   DeleteObject(source);
 }
@@ -112,39 +88,34 @@ TEST(BmpExDevice, Draw2StretchesIntoTheRectangle) {
   DeleteObject(source);
 }
 
-TEST(BmpExDevice, SixteenBitPixelsKeepTheirUnscaledChannels) {
-  // 5-5-5 words: white 0x7FFF and pure red 0x7C00.
+TEST(BmpExDevice, SixteenAndTwentyFourBitDeviceRows) {
+  // 5-5-5 words (white 0x7FFF, pure red 0x7C00) keep their unscaled channels;
+  // 24-bit rows of width 3 are 9 bytes padded to the device row width of 10.
   const std::uint16_t words[2] = {0x7FFF, 0x7C00};
-  const HBITMAP source = CreateBitmap(2, 1, 1, 16, words);
-  ASSERT_NE(source, nullptr);
-  const bmpExHandle image = new_image();
-  bmpExLoadFromHBitmap(image, source);
-  DibCanvas canvas(2, 1, kBackground);
-  bmpExDraw(image, canvas.dc());
-  EXPECT_EQ(canvas.at(0, 0), 0x001F1F1Fu);
-  EXPECT_EQ(canvas.at(1, 0), 0x001F0000u);
-  DeleteObject(source);
-}
-
-TEST(BmpExDevice, TwentyFourBitRowsUseTheDeviceRowWidth) {
-  // Width 3: 9 bytes of pixels, device rows padded to 10.
   const std::uint8_t bytes[20] = {0x03, 0x02, 0x01, 0x06, 0x05, 0x04, 0x09, 0x08, 0x07, 0,
                                   0x0C, 0x0B, 0x0A, 0x0F, 0x0E, 0x0D, 0x12, 0x11, 0x10, 0};
-  const HBITMAP source = CreateBitmap(3, 2, 1, 24, bytes);
-  ASSERT_NE(source, nullptr);
-  BITMAP description{};
-  GetObjectA(source, sizeof description, &description);
-  const bmpExHandle image = new_image();
-  bmpExLoadFromHBitmap(image, source);
-  DibCanvas canvas(3, 2, kBackground);
-  bmpExDraw(image, canvas.dc());
-  if (description.bmBitsPixel != 24) GTEST_SKIP() << "system keeps no 24-bit device bitmaps";
-  expect_picture_at(canvas, 0, 0,
-                    {0x010203, 0x040506, 0x070809, 0x0A0B0C, 0x0D0E0F, 0x101112}, 3, 2);
-  DeleteObject(source);
+  const struct {
+    int width, height, depth;
+    const void* bits;
+    Pixels expected;
+  } cases[] = {{2, 1, 16, words, {0x001F1F1F, 0x001F0000}},
+               {3, 2, 24, bytes, {0x010203, 0x040506, 0x070809, 0x0A0B0C, 0x0D0E0F, 0x101112}}};
+  for (const auto& c : cases) {
+    const HBITMAP source = CreateBitmap(c.width, c.height, 1, static_cast<UINT>(c.depth), c.bits);
+    ASSERT_NE(source, nullptr);
+    BITMAP description{};
+    GetObjectA(source, sizeof description, &description);
+    const bmpExHandle image = new_image();
+    bmpExLoadFromHBitmap(image, source);
+    DibCanvas canvas(c.width, c.height, kBackground);
+    bmpExDraw(image, canvas.dc());
+    DeleteObject(source);
+    if (c.depth == 24 && description.bmBitsPixel != 24) continue;  // the system keeps no 24-bit device bitmaps
+    expect_picture_at(canvas, 0, 0, c.expected, c.width, c.height);
+  }
 }
 
-TEST(BmpExDevice, PaletteBitmapsLeaveTheImageEmpty) {
+TEST(BmpExDevice, PaletteBitmapsLeaveTheImageEmptyAndNullHandlesGiveZero) {
   const std::uint8_t indexes[4] = {0, 1, 2, 3};
   const HBITMAP source = CreateBitmap(2, 2, 1, 8, indexes);
   const HBITMAP picture = device_bitmap(3, 2, kPicture);
@@ -161,16 +132,12 @@ TEST(BmpExDevice, PaletteBitmapsLeaveTheImageEmpty) {
   EXPECT_EQ(bmpExLoadFromHBitmap(image, nullptr), 1);
   DeleteObject(source);
   DeleteObject(picture);
-}
-
-TEST(BmpExDevice, NullHandlesGiveZero) {
-  HBITMAP saved = nullptr;
-  DibCanvas canvas(1, 1, kBackground);
+  // Null handles give 0 and draw nothing.
   EXPECT_EQ(bmpExLoadFromHBitmap(nullptr, nullptr), 0);
   EXPECT_EQ(bmpExSave(nullptr, &saved), 0);
   EXPECT_EQ(bmpExDraw(nullptr, canvas.dc()), 0);
   EXPECT_EQ(bmpExDraw2(nullptr, canvas.dc(), 0, 0, 1, 1), 0);
-  EXPECT_EQ(canvas.at(0, 0), kBackground);
+  expect_picture_at(canvas, 0, 0, {}, 0, 0);
 }
 
 // A BMP file read by the engine shows on a device exactly as GDI itself

@@ -11,15 +11,21 @@ namespace gdi_test {
 
 using Pixels = std::vector<std::uint32_t>;  // top-down rows
 
+// Description of 32-bit top-down pixels: row 0 first in memory.
+inline BITMAPINFO top_down_info(int width, int height) {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = width;
+  info.bmiHeader.biHeight = -height;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  return info;
+}
+
 class DibCanvas {
  public:
   DibCanvas(int width, int height, std::uint32_t fill = 0) : width_(width), height_(height) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;  // top-down: row 0 first in memory
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
+    const BITMAPINFO info = top_down_info(width, height);
     dc_ = CreateCompatibleDC(nullptr);
     bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits_),
                                nullptr, 0);
@@ -60,6 +66,21 @@ class DibCanvas {
   HGDIOBJ old_ = nullptr;
   std::uint32_t* bits_ = nullptr;
 };
+
+// A device bitmap (compatible with the screen) holding the picture.
+inline HBITMAP device_bitmap(int width, int height, const Pixels& pixels) {
+  DibCanvas canvas(width, height);
+  canvas.set_all(pixels);
+  const HDC screen = GetDC(nullptr);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+  ReleaseDC(nullptr, screen);
+  const HDC dc = CreateCompatibleDC(nullptr);
+  const HGDIOBJ old = SelectObject(dc, bitmap);
+  BitBlt(dc, 0, 0, width, height, canvas.dc(), 0, 0, SRCCOPY);
+  SelectObject(dc, old);
+  DeleteDC(dc);
+  return bitmap;
+}
 
 // A COLORREF (0x00BBGGRR) as the 0x00RRGGBB word a 32-bit DIB holds.
 inline std::uint32_t word_of(COLORREF colour) {

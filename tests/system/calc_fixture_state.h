@@ -4,28 +4,20 @@
 
 #include <windows.h>
 
+enum CalcFixtureMethod { kInitialise, kEvaluate, kErrorText, kTextToNumber, kNumberToText };
+
 struct CalcFixtureState {
-  // Recorded calls.
-  int initialise_calls;
-  long initialise_argument;
-  int evaluate_calls;
-  wchar_t expression[256];
-  bool expression_was_null;
-  long evaluate_arguments[2];
-  int error_text_calls;
-  long error_text_arguments[3];
-  int text_to_number_calls;
-  wchar_t number_text[256];
-  long number_mode;
-  int number_to_text_calls;
-  double formatted_value;
-  long format_controls[3];
-  // Scripted answers.
-  HRESULT result;               // of every call
-  const wchar_t* error_text;    // returned by the error-text call (null: none)
-  double number;                // returned by text to number
-  long status;                  // returned by both conversions
-  const wchar_t* number_text_result;  // returned by number to text (null: none)
+  // Recorded: calls per method, and the last call's arguments (unused ones 0).
+  int calls[5];
+  long arguments[3];
+  wchar_t text[256];
+  bool text_was_null;
+  double value;
+  // Scripted answers of every call.
+  HRESULT result;
+  const wchar_t* answer_text;  // null: no string
+  double number;               // text to number's value
+  long status;                 // of both conversions
 };
 
 using FixtureStateFunction = CalcFixtureState* (*)();

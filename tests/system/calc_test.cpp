@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
+#include <vector>
 
 #include "qnutil/qnutil.h"
 #include "support/test_support.h"
@@ -79,6 +81,7 @@ class CalculatorConnected : public testing::Test {
   void TearDown() override { EXPECT_TRUE(capture_.boxes().empty()); }
 
   CalcFixtureState& state() { return *state_; }
+  std::vector<long> arguments() const { return {state_->arguments, state_->arguments + 3}; }
 
  private:
   static inline CalcFixtureState* state_ = nullptr;
@@ -91,124 +94,80 @@ std::wstring wide(const char* ansi) {
   return buffer;
 }
 
-TEST_F(CalculatorConnected, InitPassesItsArgument) {
+TEST_F(CalculatorConnected, InitAndExpressionPassTheirArguments) {
   calc_init(42);
-  EXPECT_EQ(state().initialise_calls, 1);
-  EXPECT_EQ(state().initialise_argument, 42);
+  EXPECT_EQ(state().calls[kInitialise], 1);
+  EXPECT_EQ(arguments(), (std::vector<long>{42, 0, 0}));
   state().result = E_FAIL;  // a failed call is ignored
   calc_init(-7);
-  EXPECT_EQ(state().initialise_calls, 2);
-  EXPECT_EQ(state().initialise_argument, -7);
-}
-
-TEST_F(CalculatorConnected, ExpressionArrivesAsWideText) {
+  EXPECT_EQ(state().calls[kInitialise], 2);
+  EXPECT_EQ(arguments(), (std::vector<long>{-7, 0, 0}));
+  // The expression arrives as wide text.
   const char expression[] = "Breite*2 + \xE4\xDF";
   calc_expression(expression, 7, -3);
-  EXPECT_EQ(state().evaluate_calls, 1);
-  EXPECT_EQ(std::wstring(state().expression), wide(expression));
-  EXPECT_EQ(state().evaluate_arguments[0], 7);
-  EXPECT_EQ(state().evaluate_arguments[1], -3);
+  EXPECT_EQ(state().calls[kEvaluate], 1);
+  EXPECT_EQ(std::wstring(state().text), wide(expression));
+  EXPECT_EQ(arguments(), (std::vector<long>{7, -3, 0}));
   calc_expression(nullptr, 0, 0);
-  EXPECT_TRUE(state().expression_was_null);
+  EXPECT_TRUE(state().text_was_null);
 }
 
-struct ErrorTextCase {
-  const char* name;
+// One scripted answer of the component, seen through each of the calls
+// that return something: texts and values are copied only on success.
+struct AnswerCase {
   HRESULT result;
-  const wchar_t* answer;
-  const char* expected;
+  long status;
+  const wchar_t* text;
+  const char* error_text;   // what calc_error leaves in its buffer
+  int conversion_result;    // of both conversions
+  double number;            // what ConvStringToDouble leaves
+  const char* number_text;  // what ConvDoubleToString leaves
 };
 
-class CalculatorErrorText : public CalculatorConnected,
-                            public testing::WithParamInterface<ErrorTextCase> {};
+class CalculatorAnswer : public CalculatorConnected,
+                         public testing::WithParamInterface<AnswerCase> {};
 
-TEST_P(CalculatorErrorText, CopiesOnlyReturnedTexts) {
-  state().result = GetParam().result;
-  state().error_text = GetParam().answer;
+TEST_P(CalculatorAnswer, ArgumentsGoOutAndResultsComeBack) {
+  const AnswerCase& c = GetParam();
+  state().result = c.result;
+  state().status = c.status;
+  state().answer_text = c.text;
+  state().number = 1234.5;
   char text[64] = "untouched";
   calc_error(11, 22, 33, text);
-  EXPECT_EQ(state().error_text_calls, 1);
-  EXPECT_EQ(state().error_text_arguments[0], 11);
-  EXPECT_EQ(state().error_text_arguments[1], 22);
-  EXPECT_EQ(state().error_text_arguments[2], 33);
-  EXPECT_STREQ(text, GetParam().expected);
-}
+  EXPECT_EQ(state().calls[kErrorText], 1);
+  EXPECT_EQ(arguments(), (std::vector<long>{11, 22, 33}));
+  EXPECT_STREQ(text, c.error_text);
 
-INSTANTIATE_TEST_SUITE_P(
-    Answers, CalculatorErrorText,
-    testing::Values(ErrorTextCase{"Text", S_OK, L"Division durch Null", "Division durch Null"},
-                    ErrorTextCase{"Umlaut", S_OK, L"Klammer fehlt \x00FC", "Klammer fehlt \xFC"},
-                    ErrorTextCase{"Empty", S_OK, L"", ""},
-                    ErrorTextCase{"NoString", S_OK, nullptr, "untouched"},
-                    ErrorTextCase{"FailedCall", E_FAIL, L"ignored", "untouched"}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-struct TextToNumberCase {
-  const char* name;
-  HRESULT result;
-  long status;
-  int expected_result;
-  double expected_value;
-};
-
-class CalculatorTextToNumber : public CalculatorConnected,
-                               public testing::WithParamInterface<TextToNumberCase> {};
-
-TEST_P(CalculatorTextToNumber, StoresTheValueOnlyOnSuccess) {
-  state().result = GetParam().result;
-  state().status = GetParam().status;
-  state().number = 1234.5;
   double value = -1.0;
-  EXPECT_EQ(ConvStringToDouble("1.234,5", 3, &value), GetParam().expected_result);
-  EXPECT_EQ(value, GetParam().expected_value);
-  EXPECT_EQ(std::wstring(state().number_text), L"1.234,5");
-  EXPECT_EQ(state().number_mode, 3);
+  EXPECT_EQ(ConvStringToDouble("1.234,5", 3, &value), c.conversion_result);
+  EXPECT_EQ(value, c.number);
+  EXPECT_EQ(std::wstring(state().text), L"1.234,5");
+  EXPECT_EQ(arguments(), (std::vector<long>{3, 0, 0}));
+
+  std::strcpy(text, "untouched");
+  EXPECT_EQ(ConvDoubleToString(-0.125, 2, 0, 1, text), c.conversion_result);
+  EXPECT_STREQ(text, c.number_text);
+  EXPECT_EQ(state().value, -0.125);
+  EXPECT_EQ(arguments(), (std::vector<long>{2, 0, 1}));
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Answers, CalculatorTextToNumber,
-    testing::Values(TextToNumberCase{"Success", S_OK, 4096, 4096, 1234.5},
-                    TextToNumberCase{"OtherStatus", S_OK, 4097, 4097, -1.0},
-                    TextToNumberCase{"FailedCall", E_FAIL, 4096, 4102, -1.0}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-struct NumberToTextCase {
-  const char* name;
-  HRESULT result;
-  long status;
-  const wchar_t* answer;
-  int expected_result;
-  const char* expected_text;
-};
-
-class CalculatorNumberToText : public CalculatorConnected,
-                               public testing::WithParamInterface<NumberToTextCase> {};
-
-TEST_P(CalculatorNumberToText, CopiesTheTextOnlyOnSuccess) {
-  state().result = GetParam().result;
-  state().status = GetParam().status;
-  state().number_text_result = GetParam().answer;
-  char text[64] = "untouched";
-  EXPECT_EQ(ConvDoubleToString(-0.125, 2, 0, 1, text), GetParam().expected_result);
-  EXPECT_STREQ(text, GetParam().expected_text);
-  EXPECT_EQ(state().formatted_value, -0.125);
-  EXPECT_EQ(state().format_controls[0], 2);
-  EXPECT_EQ(state().format_controls[1], 0);
-  EXPECT_EQ(state().format_controls[2], 1);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Answers, CalculatorNumberToText,
-    testing::Values(NumberToTextCase{"Success", S_OK, 4096, L"-0,13 m", 4096, "-0,13 m"},
-                    NumberToTextCase{"NoString", S_OK, 4096, nullptr, 4096, ""},
-                    NumberToTextCase{"OtherStatus", S_OK, 4100, L"x", 4100, "untouched"},
-                    NumberToTextCase{"FailedCall", E_FAIL, 4096, L"x", 4102, "untouched"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    Answers, CalculatorAnswer,
+    testing::Values(
+        AnswerCase{S_OK, 4096, L"-0,13 m", "-0,13 m", 4096, 1234.5, "-0,13 m"},
+        AnswerCase{S_OK, 4096, L"Klammer fehlt \x00FC", "Klammer fehlt \xFC", 4096, 1234.5,
+                   "Klammer fehlt \xFC"},
+        AnswerCase{S_OK, 4096, L"", "", 4096, 1234.5, ""},
+        // No string: the error text stays, the number text becomes empty.
+        AnswerCase{S_OK, 4096, nullptr, "untouched", 4096, 1234.5, ""},
+        // Another status: the error text still comes, the conversions keep.
+        AnswerCase{S_OK, 4097, L"x", "x", 4097, -1.0, "untouched"},
+        AnswerCase{E_FAIL, 4096, L"x", "untouched", 4102, -1.0, "untouched"}));
 
 TEST_F(CalculatorConnected, NullOutputsAreSkipped) {
   state().status = 4096;
-  state().error_text = L"text";
-  state().number_text_result = L"1";
+  state().answer_text = L"1";
   calc_error(0, 0, 0, nullptr);
   EXPECT_EQ(ConvStringToDouble("1", 0, nullptr), 4096);
   EXPECT_EQ(ConvDoubleToString(1.0, 0, 0, 0, nullptr), 4096);

@@ -1,12 +1,15 @@
+// The system version, the host's data folders and its install location in
+// the registry.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "qnutil/qnutil.h"
-#include "system_test_support.h"
 
 #ifdef _WIN32
 #include <shlobj.h>
@@ -18,8 +21,9 @@ namespace {
 
 // Test texts are written with '\\'; POSIX builds compose with '/'.
 std::string native(std::string text) {
-  for (char& c : text)
-    if (c == '\\') c = system_test::kSeparator;
+#ifndef _WIN32
+  std::replace(text.begin(), text.end(), '\\', '/');
+#endif
   return text;
 }
 
@@ -33,15 +37,10 @@ bool caller_supplies_base_folder() {
 #endif
 }
 
-TEST(GetOperatingSystem, NullPointersGiveZero) {
-  unsigned value = 0;
-  EXPECT_EQ(QnUtil_GetOperatingSystem(nullptr, &value), 0);
-  EXPECT_EQ(QnUtil_GetOperatingSystem(&value, nullptr), 0);
-  EXPECT_EQ(QnUtil_GetOperatingSystem(nullptr, nullptr), 0);
-}
-
 TEST(GetOperatingSystem, MatchesThePlatformsOwnAnswer) {
   unsigned major = 99, minor = 99;
+  EXPECT_EQ(QnUtil_GetOperatingSystem(nullptr, &minor), 0);
+  EXPECT_EQ(QnUtil_GetOperatingSystem(&major, nullptr), 0);
   ASSERT_EQ(QnUtil_GetOperatingSystem(&major, &minor), 1);
 #ifdef _WIN32
   OSVERSIONINFOA info{};
@@ -85,8 +84,12 @@ INSTANTIATE_TEST_SUITE_P(
         FolderCase{"data", "dataQuarn Software GmbH\\Quarn +2011\\Programm"},
         FolderCase{"\\", "\\Quarn Software GmbH\\Quarn +2011\\Programm"}));
 
-TEST(ProgPathAppDataLimits, NullBufferGivesNull) {
+TEST(ProgPathAppDataLimits, NullOrUnterminatedBufferIsRefused) {
   EXPECT_EQ(QnUtil_GetProgPathAppData(nullptr), nullptr);
+  EXPECT_EQ(QnUtil_GetProgPathRoamingAppData(nullptr), 0);
+  char buf[260];
+  std::memset(buf, 'x', sizeof buf);
+  EXPECT_EQ(QnUtil_GetProgPathAppData(buf), nullptr);
 }
 
 TEST(ProgPathAppDataLimits, ResultBeyondTheFolderBufferFailsAndLeavesItUnchanged) {
@@ -104,12 +107,6 @@ TEST(ProgPathAppDataLimits, ResultBeyondTheFolderBufferFailsAndLeavesItUnchanged
   EXPECT_EQ(std::strlen(buf), 259u);
 }
 
-TEST(ProgPathAppDataLimits, UnterminatedBufferIsRefused) {
-  char buf[260];
-  std::memset(buf, 'x', sizeof buf);
-  EXPECT_EQ(QnUtil_GetProgPathAppData(buf), nullptr);
-}
-
 #ifdef _WIN32
 
 TEST(ProgPathRoamingAppData, IsTheShellsRoamingFolder) {
@@ -125,24 +122,16 @@ TEST(ProgPathRoamingAppData, IsTheShellsRoamingFolder) {
 // Sets (value non-null) or removes an environment variable for one scope.
 class ScopedVariable {
  public:
-  ScopedVariable(const char* name, const char* value) : name_(name) {
-    if (const char* old = std::getenv(name)) old_ = old, had_ = true;
-    if (value)
-      setenv(name, value, 1);
-    else
-      unsetenv(name);
+  ScopedVariable(const char* name, const char* value) : name_(name), had_(std::getenv(name)) {
+    if (had_) old_ = std::getenv(name);
+    value ? setenv(name, value, 1) : unsetenv(name);
   }
-  ~ScopedVariable() {
-    if (had_)
-      setenv(name_, old_.c_str(), 1);
-    else
-      unsetenv(name_);
-  }
+  ~ScopedVariable() { had_ ? setenv(name_, old_.c_str(), 1) : unsetenv(name_); }
 
  private:
   const char* name_;
+  bool had_;
   std::string old_;
-  bool had_ = false;
 };
 
 struct XdgCase {
@@ -162,27 +151,102 @@ TEST_P(ProgPathRoamingAppData, FollowsTheXdgRules) {
   EXPECT_STREQ(buf, GetParam().expected);
 }
 
+// A folder beyond the 260-byte buffer fails.
+const std::string kLongHome = "/" + std::string(250, 'h');
+
 INSTANTIATE_TEST_SUITE_P(
     Environment, ProgPathRoamingAppData,
     testing::Values(XdgCase{"/srv/data", "/home/u", 1, "/srv/data"},
                     XdgCase{nullptr, "/home/u", 1, "/home/u/.local/share"},
                     XdgCase{"relative/data", "/home/u", 1, "/home/u/.local/share"},
-                    XdgCase{nullptr, nullptr, 0, "unchanged"},
-                    XdgCase{nullptr, "", 0, "unchanged"}));
+                    XdgCase{nullptr, nullptr, 0, "unchanged"}, XdgCase{nullptr, "", 0, "unchanged"},
+                    XdgCase{nullptr, kLongHome.c_str(), 0, "unchanged"}));
 
-TEST(ProgPathRoamingAppDataLimits, FolderBeyondTheBufferFails) {
-  const std::string long_home = "/" + std::string(250, 'h');
-  ScopedVariable data_home("XDG_DATA_HOME", nullptr);
-  ScopedVariable home("HOME", long_home.c_str());
-  char buf[260] = "unchanged";
-  EXPECT_EQ(QnUtil_GetProgPathRoamingAppData(buf), 0);
+#endif
+
+#ifdef _WIN32
+
+// A key of the local-machine hive that exists for one test.
+class TestKey {
+ public:
+  TestKey() {
+    path_ = "Software\\QnUtilTest\\" + std::to_string(GetCurrentProcessId());
+    created_ = RegCreateKeyExA(HKEY_LOCAL_MACHINE, path_.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
+                               nullptr, &key_, nullptr) == ERROR_SUCCESS;
+  }
+  ~TestKey() {
+    if (!created_) return;
+    RegCloseKey(key_);
+    RegDeleteKeyA(HKEY_LOCAL_MACHINE, path_.c_str());
+  }
+  bool created() const { return created_; }
+  const char* path() const { return path_.c_str(); }
+  void set(DWORD type, const std::string& bytes) {
+    RegSetValueExA(key_, "InstallLocation", 0, type,
+                   reinterpret_cast<const BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size()));
+  }
+
+ private:
+  std::string path_;
+  HKEY key_ = nullptr;
+  bool created_ = false;
+};
+
+struct ValueCase {
+  const char* name;
+  DWORD type;
+  std::string stored;  // bytes as stored, terminator included where wanted
+  int size;            // the caller's buffer size
+  int result;
+};
+
+class InstallLocation : public testing::TestWithParam<ValueCase> {};
+
+TEST_P(InstallLocation, CopiesWholeValuesThatFit) {
+  const ValueCase& c = GetParam();
+  TestKey key;
+  if (!key.created()) GTEST_SKIP() << "no write access to the local-machine hive";
+  key.set(c.type, c.stored);
+  std::vector<char> buf(c.stored.size() + 8, '#');
+  EXPECT_EQ(GetLocalMachineRegistryEntry(key.path(), c.size, buf.data()), c.result);
+  const std::string expected = c.result ? c.stored : std::string(c.stored.size(), '#');
+  EXPECT_EQ(std::string(buf.data(), c.stored.size()), expected);
+  EXPECT_EQ(std::string(buf.data() + c.stored.size(), 8), std::string(8, '#'));
+}
+
+const std::string kPath("C:\\Quarn\0", 9);
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, InstallLocation,
+    testing::Values(ValueCase{"ExactSize", REG_SZ, kPath, 9, 1}, ValueCase{"OneByteShort", REG_SZ, kPath, 8, 0},
+                    ValueCase{"RoomToSpare", REG_SZ, kPath, 260, 1}, ValueCase{"NegativeSize", REG_SZ, kPath, -1, 0},
+                    ValueCase{"Empty", REG_BINARY, "", 100, 0},
+                    ValueCase{"LargestReadable", REG_BINARY, std::string(2048, 'v'), 4096, 1},
+                    ValueCase{"BeyondTheReadBuffer", REG_BINARY, std::string(2049, 'v'), 4096, 0}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(InstallLocationMissing, KeyOrValueMissingGivesZero) {
+  char buf[64] = "";
+  EXPECT_EQ(GetLocalMachineRegistryEntry("Software\\QnUtilTest\\no such key", 64, buf), 0);
+  TestKey key;
+  if (!key.created()) GTEST_SKIP() << "no write access to the local-machine hive";
+  EXPECT_EQ(GetLocalMachineRegistryEntry(key.path(), 64, buf), 0);
+}
+
+#else
+
+TEST(InstallLocation, PosixHasNoRegistry) {
+  char buf[64] = "unchanged";
+  EXPECT_EQ(GetLocalMachineRegistryEntry("Software\\Quarn", 64, buf), 0);
   EXPECT_STREQ(buf, "unchanged");
 }
 
 #endif
 
-TEST(ProgPathRoamingAppDataLimits, NullBufferGivesZero) {
-  EXPECT_EQ(QnUtil_GetProgPathRoamingAppData(nullptr), 0);
+TEST(InstallLocationArguments, NullPointersGiveZero) {
+  char buf[8];
+  EXPECT_EQ(GetLocalMachineRegistryEntry(nullptr, 8, buf), 0);
+  EXPECT_EQ(GetLocalMachineRegistryEntry("Software", 8, nullptr), 0);
 }
 
 }  // namespace

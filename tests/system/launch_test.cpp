@@ -20,53 +20,42 @@ struct Launcher {
   const char* name;
   int (*launch)(const char* program, const char* arguments);
   int dispatches;  // how often a message waiting in the queue reaches its window
+  const char* output_name;
+  const char* more_arguments;  // after the output file's name
+  const char* more_output;     // what the sleeper writes for them
 };
+
+int launch_sleeper(const Launcher& launcher, const std::string& arguments) {
+  return launcher.launch(system_test::sibling_program("qnutil_sleeper").c_str(), arguments.c_str());
+}
 
 class LauncherTest : public testing::TestWithParam<Launcher> {};
 
+// The quoted launcher passes program and argument as one each (a space in
+// the name stays); the command-line launcher passes its arguments unquoted.
 TEST_P(LauncherTest, WaitsForTheProgramAndReturnsOne) {
   ScratchDir dir;
-  const std::string out = dir.file("args.txt");
+  const std::string out = dir.file(GetParam().output_name);
   const auto start = Clock::now();
-  EXPECT_EQ(GetParam().launch(system_test::sibling_program("qnutil_sleeper").c_str(), out.c_str()),
-            1);
+  EXPECT_EQ(launch_sleeper(GetParam(), out + GetParam().more_arguments), 1);
   EXPECT_GE(Clock::now() - start, kSleeperDelay);
   // Written only after the delay: present means the launcher waited.
-  EXPECT_EQ(qnutil_test::read_file(out), out + "\n");
+  EXPECT_EQ(qnutil_test::read_file(out), out + "\n" + GetParam().more_output);
 }
 
+// A program that cannot start counts as a run; nulls do not crash.
 TEST_P(LauncherTest, MissingProgramCountsAsARun) {
   ScratchDir dir;
   EXPECT_EQ(GetParam().launch(dir.file("no-such-program").c_str(), "x"), 1);
-}
-
-TEST_P(LauncherTest, NullArgumentsDoNotCrash) {
   EXPECT_EQ(GetParam().launch(nullptr, nullptr), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Both, LauncherTest,
-                         testing::Values(Launcher{"Quoted", QnUtil_ExecuteProgram, 0},
-                                         Launcher{"CommandLine", QnUtil_ExecuteProgramEX, 1}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-TEST(ExecuteProgram, QuotesProgramAndArgumentAsOneEach) {
-  ScratchDir dir;
-  const std::string out = dir.file("with space.txt");
-  EXPECT_EQ(QnUtil_ExecuteProgram(system_test::sibling_program("qnutil_sleeper").c_str(),
-                                  out.c_str()),
-            1);
-  EXPECT_EQ(qnutil_test::read_file(out), out + "\n");
-}
-
-TEST(ExecuteProgramEX, PassesTheArgumentsUnquoted) {
-  ScratchDir dir;
-  const std::string out = dir.file("args.txt");
-  const std::string arguments = out + " alpha  beta";
-  EXPECT_EQ(QnUtil_ExecuteProgramEX(system_test::sibling_program("qnutil_sleeper").c_str(),
-                                    arguments.c_str()),
-            1);
-  EXPECT_EQ(qnutil_test::read_file(out), out + "\nalpha\nbeta\n");
-}
+INSTANTIATE_TEST_SUITE_P(
+    Both, LauncherTest,
+    testing::Values(Launcher{"Quoted", QnUtil_ExecuteProgram, 0, "with space.txt", "", ""},
+                    Launcher{"CommandLine", QnUtil_ExecuteProgramEX, 1, "args.txt", " alpha  beta",
+                             "alpha\nbeta\n"}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 #ifdef _WIN32
 
@@ -108,9 +97,7 @@ TEST_P(LauncherTest, EmptiesTheQueueDispatchingAsDesigned) {
   ASSERT_NE(window.handle(), nullptr);
   ScratchDir dir;
   PostMessageA(window.handle(), WM_APP, 0, 0);
-  EXPECT_EQ(GetParam().launch(system_test::sibling_program("qnutil_sleeper").c_str(),
-                              dir.file("out.txt").c_str()),
-            1);
+  EXPECT_EQ(launch_sleeper(GetParam(), dir.file("out.txt")), 1);
   EXPECT_EQ(CountingWindow::dispatched(), GetParam().dispatches);
   EXPECT_FALSE(queue_holds_message(window.handle()));
 }

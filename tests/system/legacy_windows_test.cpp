@@ -5,6 +5,7 @@
 // rule against what the system says. Elsewhere the key is ignored and the
 // runs that need another version skip.
 #include <gtest/gtest.h>
+#include <process.h>
 #include <shlobj.h>
 #include <windows.h>
 
@@ -79,22 +80,11 @@ bool configure_version(const char* wine_name) {
   return status == ERROR_SUCCESS;
 }
 
-DWORD run_child(const Version& version) {
-  std::string command_line = "\"";
-  command_line.append(own_path()).append("\" ").append(kChildFlag).append(" ");
-  command_line.append(version.wine_name);
-  STARTUPINFOA startup{};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION process{};
-  if (!CreateProcessA(nullptr, command_line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                      &startup, &process))
-    return 1;
-  WaitForSingleObject(process.hProcess, INFINITE);
-  DWORD code = 1;
-  GetExitCodeProcess(process.hProcess, &code);
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
-  return code;
+int run_child(const Version& version) {
+  const std::string path = own_path();
+  const std::string quoted = "\"" + path + "\"";
+  return static_cast<int>(
+      _spawnl(_P_WAIT, path.c_str(), quoted.c_str(), kChildFlag, version.wine_name, nullptr));
 }
 
 }  // namespace

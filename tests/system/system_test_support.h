@@ -1,5 +1,4 @@
-// Helpers of the system tests: where the test programs live, and the
-// platform's own answers to compare the library's with.
+// Where the system tests' helper programs live: next to the test program.
 #pragma once
 
 #include <filesystem>
@@ -7,8 +6,6 @@
 
 #ifdef _WIN32
 #include <windows.h>
-#else
-#include <unistd.h>
 #endif
 
 namespace system_test {
@@ -25,16 +22,10 @@ inline std::filesystem::path program_directory() {
 
 inline std::string sibling_program(const char* name) {
 #ifdef _WIN32
-  return (program_directory() / (std::string(name) + ".exe")).string();
+  return (program_directory() / name).string() + ".exe";
 #else
   return (program_directory() / name).string();
 #endif
 }
-
-#ifdef _WIN32
-constexpr char kSeparator = '\\';
-#else
-constexpr char kSeparator = '/';
-#endif
 
 }  // namespace system_test

@@ -9,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "qnutil/qnutil.h"
 #include "triangulation_checks.h"
 
 namespace triangulate_test {

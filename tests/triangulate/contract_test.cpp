@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <initializer_list>
 #include <limits>
+#include <string>
 #include <vector>
 
 #include "qnutil/qnutil.h"
@@ -12,55 +14,25 @@
 namespace triangulate_test {
 namespace {
 
+constexpr float kInf = std::numeric_limits<float>::infinity();
 const std::vector<Vertex> kSquareWithCentre = {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {5, 4}};
 
-struct EmptyCase {
-  const char* name;
-  int n;
-  unsigned int nb;
-};
-
-class EmptyResult : public ::testing::TestWithParam<EmptyCase> {};
-
-TEST_P(EmptyResult, IsAnArrayOfNoTriangles) {
-  const EmptyCase& c = GetParam();
+TEST(TriangulierenContract, NullPointersAndNegativeCount) {
   void* array = nullptr;
-  unsigned int count = 99;
-  EXPECT_EQ(Triangulieren(c.n, c.nb, &kSquareWithCentre[0].x, &array, &count), 1);
+  unsigned int count = 7;
+  EXPECT_EQ(Triangulieren(-5, 0, &kSquareWithCentre[0].x, &array, &count), 1);
   EXPECT_EQ(count, 0u);
   EXPECT_NE(array, nullptr);
   EXPECT_EQ(FreeTriangs(&array), 1);
-  EXPECT_EQ(array, nullptr);
-}
-
-INSTANTIATE_TEST_SUITE_P(Counts, EmptyResult,
-                         ::testing::Values(EmptyCase{"NoPoints", 0, 0}, EmptyCase{"OnePoint", 1, 0},
-                                           EmptyCase{"TwoPoints", 2, 2}, EmptyCase{"NegativeCount", -5, 0},
-                                           EmptyCase{"BoundaryLongerThanPoints", 5, 6},
-                                           EmptyCase{"BoundaryFarLongerThanPoints", 3, 0xFFFFFFFFu}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-TEST(TriangulierenContract, NullOutputPointersFail) {
-  void* array = nullptr;
-  unsigned int count = 0;
   EXPECT_EQ(Triangulieren(5, 4, &kSquareWithCentre[0].x, nullptr, &count), 0);
   EXPECT_EQ(Triangulieren(5, 4, &kSquareWithCentre[0].x, &array, nullptr), 0);
   EXPECT_EQ(array, nullptr);
-}
-
-TEST(TriangulierenContract, NullPointsGiveAnEmptyArray) {
-  void* array = nullptr;
-  unsigned int count = 7;
-  EXPECT_EQ(Triangulieren(5, 0, nullptr, &array, &count), 1);
+  EXPECT_EQ(Triangulieren(5, 0, nullptr, &array, &count), 1);  // null points: an empty array
   EXPECT_EQ(count, 0u);
-  FreeTriangs(&array);
-}
-
-TEST(FreeTriangsContract, AcceptsNullAndClears) {
-  EXPECT_EQ(FreeTriangs(nullptr), 1);
-  void* array = nullptr;
   EXPECT_EQ(FreeTriangs(&array), 1);
+  EXPECT_EQ(FreeTriangs(&array), 1);  // already cleared
   EXPECT_EQ(array, nullptr);
+  EXPECT_EQ(FreeTriangs(nullptr), 1);
 }
 
 // Without a boundary the box keeps its start values: nothing lies strictly
@@ -82,71 +54,50 @@ TEST(TriangulierenContract, NoBoundaryEmitsOnlyInnerFaces) {
   }
 }
 
-struct DuplicateCase {
-  const char* name;
-  float dx, dy;
-  std::size_t triangles;  // square with centre: 4; one more inner point: 6
-};
-
-class NearDuplicate : public ::testing::TestWithParam<DuplicateCase> {};
-
-TEST_P(NearDuplicate, IsInsertedOnlyWhenBothOffsetsExceedTheTolerance) {
-  const DuplicateCase& c = GetParam();
+// The square with its centre and `copies` of each of `extra`, one block each.
+std::vector<Vertex> square_with(std::initializer_list<Vertex> extra, int copies = 1) {
   std::vector<Vertex> points = kSquareWithCentre;
-  points.push_back({5 + c.dx, 4 + c.dy});
-  const Result result = triangulate(points, 0);
-  ASSERT_EQ(result.status, 1);
-  EXPECT_EQ(result.triangles.size(), c.triangles);
+  for (const Vertex& v : extra) points.insert(points.end(), static_cast<std::size_t>(copies), v);
+  return points;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Offsets, NearDuplicate,
-    ::testing::Values(DuplicateCase{"Exact", 0, 0, 4}, DuplicateCase{"WithinBoth", 8e-6f, -8e-6f, 4},
-                      DuplicateCase{"BeyondInX", 3e-5f, 0, 6}, DuplicateCase{"BeyondInY", 0, -3e-5f, 6},
-                      DuplicateCase{"WithinXBeyondY", 5e-6f, 3e-5f, 6}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-TEST(TriangulierenContract, ManyCopiesOfOnePointAreInsertedOnce) {
-  std::vector<Vertex> points = kSquareWithCentre;
-  for (int i = 0; i < 50; ++i) points.push_back({5, 4});
-  for (int i = 0; i < 50; ++i) points.push_back({0, 10});
-  EXPECT_EQ(triangulate(points, 0).triangles.size(), 4u);
-}
-
-TEST(TriangulierenContract, PointsThatCannotBeInsertedAreLeftOut) {
-  constexpr float kInf = std::numeric_limits<float>::infinity();
-  std::vector<Vertex> points = kSquareWithCentre;
-  points.push_back({std::nanf(""), 3});
-  points.push_back({kInf, 3});
-  points.push_back({3, -kInf});
-  points.push_back({1e30f, 1e30f});  // far outside the enclosing triangle
-  const Result result = triangulate(points, 0);
-  ASSERT_EQ(result.status, 1);
-  EXPECT_EQ(result.triangles.size(), 4u);
-}
-
-struct DegenerateBoundaryCase {
+struct CountCase {
   const char* name;
   std::vector<Vertex> points;
   unsigned int nb;
+  std::size_t triangles;  // square with centre: 4; one more inner point: 6
 };
 
-class DegenerateBoundary : public ::testing::TestWithParam<DegenerateBoundaryCase> {};
+class TriangleCount : public ::testing::TestWithParam<CountCase> {};
 
-// A boundary without extent in x or y (or an infinite one) leaves no
-// enclosing triangle, hence no triangles, but still an array.
-TEST_P(DegenerateBoundary, GivesNoTriangles) {
+TEST_P(TriangleCount, Matches) {
   const Result result = triangulate(GetParam().points, GetParam().nb);
-  EXPECT_EQ(result.status, 1);
-  EXPECT_TRUE(result.triangles.empty());
+  ASSERT_EQ(result.status, 1);
+  EXPECT_TRUE(result.array_given);
+  EXPECT_EQ(result.triangles.size(), GetParam().triangles);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Boundaries, DegenerateBoundary,
+    Inputs, TriangleCount,
     ::testing::Values(
-        DegenerateBoundaryCase{"SinglePoint", {{1, 1}, {2, 2}, {3, 1}}, 1},
-        DegenerateBoundaryCase{"Horizontal", {{0, 1}, {5, 1}, {2, 3}, {2, 0}}, 2},
-        DegenerateBoundaryCase{"Infinite", {{0, 0}, {std::numeric_limits<float>::infinity(), 0}, {0, 5}, {1, 1}}, 3}),
+        CountCase{"NoPoints", {}, 0, 0}, CountCase{"OnePoint", {{1, 1}}, 0, 0},
+        CountCase{"TwoPoints", {{1, 1}, {5, 2}}, 2, 0}, CountCase{"BoundaryLongerThanPoints", kSquareWithCentre, 6, 0},
+        CountCase{"BoundaryFarLongerThanPoints", {{0, 0}, {10, 0}, {10, 10}}, 0xFFFFFFFFu, 0},
+        // A near duplicate is inserted only when both offsets exceed the tolerance.
+        CountCase{"Exact", square_with({{5, 4}}), 0, 4},
+        CountCase{"WithinBoth", square_with({{5 + 8e-6f, 4 - 8e-6f}}), 0, 4},
+        CountCase{"BeyondInX", square_with({{5 + 3e-5f, 4}}), 0, 6},
+        CountCase{"BeyondInY", square_with({{5, 4 - 3e-5f}}), 0, 6},
+        CountCase{"WithinXBeyondY", square_with({{5 + 5e-6f, 4 + 3e-5f}}), 0, 6},
+        CountCase{"ManyCopiesInsertedOnce", square_with({{5, 4}, {0, 10}}, 50), 0, 4},
+        // Points that cannot be inserted are left out (the last lies far
+        // outside the enclosing triangle).
+        CountCase{"NotInsertable", square_with({{std::nanf(""), 3}, {kInf, 3}, {3, -kInf}, {1e30f, 1e30f}}), 0, 4},
+        // A boundary without extent in x or y (or an infinite one) leaves no
+        // enclosing triangle, hence no triangles, but still an array.
+        CountCase{"SinglePointBoundary", {{1, 1}, {2, 2}, {3, 1}}, 1, 0},
+        CountCase{"HorizontalBoundary", {{0, 1}, {5, 1}, {2, 3}, {2, 0}}, 2, 0},
+        CountCase{"InfiniteBoundary", {{0, 0}, {kInf, 0}, {0, 5}, {1, 1}}, 3, 0}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

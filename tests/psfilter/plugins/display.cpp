@@ -9,36 +9,12 @@
 #include <cstring>
 #include <vector>
 
+#include "gdiplus/dib_canvas.h"
 #include "plugin_support.h"
 
 namespace {
 
-struct Canvas {
-  HDC dc = nullptr;
-  HBITMAP bitmap = nullptr;
-  HGDIOBJ previous = nullptr;
-  std::uint8_t* pixels = nullptr;  // 32 bits per pixel, rows top-down
-
-  Canvas(int width, int height) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    dc = CreateCompatibleDC(nullptr);
-    void* bits = nullptr;
-    bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    pixels = static_cast<std::uint8_t*>(bits);
-    previous = SelectObject(dc, bitmap);
-    std::memset(pixels, 0x11, std::size_t(width) * height * 4);
-  }
-  ~Canvas() {
-    SelectObject(dc, previous);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
-  }
-};
+using Canvas = qnutil_test::DibCanvas;
 
 PSPixelMap pixel_map(std::int32_t mode, std::vector<std::uint8_t>& bytes, int width, int bytesPerPixel) {
   PSPixelMap map{};
@@ -87,13 +63,11 @@ std::int16_t draw(FilterRecord& record, Canvas& canvas) {
 }  // namespace
 
 QNUTIL_PLUGIN_ENTRY {
-  (void)data;
-  plugin::trace(selector);
-  *result = noErr;
   if (selector != filterSelectorStart) return;
   const int width = record->imageSize.h;
   const int height = record->imageSize.v;
   Canvas canvas(width, height);
+  std::memset(canvas.pixels, 0x11, std::size_t(width) * height * 4);
   if ((*result = draw(*record, canvas)) != noErr) return;
 
   record->inRect = Rect{};
@@ -104,11 +78,11 @@ QNUTIL_PLUGIN_ENTRY {
   auto* out = static_cast<std::uint8_t*>(record->outData);
   for (int y = 0; y < height; ++y)
     for (int x = 0; x < width; ++x) {
-      const std::uint8_t* pixel = canvas.pixels + (y * width + x) * 4;  // blue, green, red
+      const std::uint32_t pixel = canvas.pixels[y * width + x];  // 0x00RRGGBB
       std::uint8_t* planes = out + y * record->outRowBytes + x * 3;
-      planes[0] = pixel[2];
-      planes[1] = pixel[1];
-      planes[2] = pixel[0];
+      planes[0] = std::uint8_t(pixel >> 16);
+      planes[1] = std::uint8_t(pixel >> 8);
+      planes[2] = std::uint8_t(pixel);
     }
   plugin::clear_tiles(*record);
 }

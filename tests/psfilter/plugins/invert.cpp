@@ -2,6 +2,8 @@
 // pixels (default 7 x 5), planes QNUTIL_PLUGIN_LO..QNUTIL_PLUGIN_HI (default
 // 0..2). Tiles are not cut at the image edge. Prepare checks the fields the
 // host must have set and fails with -(2000 + number of the first wrong one).
+// QNUTIL_PLUGIN_FAIL "<selector>:<result>" makes that step answer the result
+// after its work; QNUTIL_PLUGIN_NO_TILES=1 makes start set no tile.
 #include <cstring>
 
 #include "plugin_support.h"
@@ -72,21 +74,23 @@ void advance(FilterRecord& record) {
 }  // namespace
 
 QNUTIL_PLUGIN_ENTRY {
-  (void)data;
-  plugin::trace(selector);
-  *result = noErr;
   switch (selector) {
     case filterSelectorPrepare:
       *result = check_record(*record);
       break;
     case filterSelectorStart:
-      set_tile(*record, 0, 0);
+      if (!plugin::env_int("QNUTIL_PLUGIN_NO_TILES", 0)) set_tile(*record, 0, 0);
       break;
     case filterSelectorContinue:
       plugin::map_tile(*record, [](std::uint8_t value) { return std::uint8_t(255 - value); });
       advance(*record);
       break;
+    case filterSelectorFinish:
+      plugin::clear_tiles(*record);
+      break;
     default:
       break;
   }
+  const std::string fail = plugin::env("QNUTIL_PLUGIN_FAIL");
+  if (fail.size() > 2 && fail[0] - '0' == selector) *result = std::int16_t(std::atoi(fail.c_str() + 2));
 }

@@ -12,9 +12,6 @@ std::int32_t* counter(FilterRecord& record) {
 }  // namespace
 
 QNUTIL_PLUGIN_ENTRY {
-  (void)data;
-  plugin::trace(selector);
-  *result = noErr;
   switch (selector) {
     case filterSelectorParameters:
       if (plugin::env_int("QNUTIL_PLUGIN_CANCEL", 0)) {

@@ -17,9 +17,6 @@ extern "C" __declspec(dllexport) int ProbeCallbacksOutsideRun() {
 }
 
 QNUTIL_PLUGIN_ENTRY {
-  (void)data;
-  plugin::trace(selector);
-  *result = noErr;
   g_lastRecord = record;
   if (selector != filterSelectorStart) return;
   const int rows = record->imageSize.v;

@@ -2,9 +2,4 @@
 // when one is accepted, running it leaves the image as it is.
 #include "plugin_support.h"
 
-QNUTIL_PLUGIN_ENTRY {
-  (void)record;
-  (void)data;
-  plugin::trace(selector);
-  *result = noErr;
-}
+QNUTIL_PLUGIN_ENTRY {}

@@ -98,9 +98,6 @@ std::int16_t run_checks(const FilterRecord& record) {
 }  // namespace
 
 QNUTIL_PLUGIN_ENTRY {
-  (void)data;
-  plugin::trace(selector);
-  *result = noErr;
   if (selector == filterSelectorStart) {
     *result = run_checks(*record);
     record->inRect = Rect{};

@@ -18,12 +18,18 @@ constexpr IID kCalculatorInterface = {
 
 CalcFixtureState g_state;
 
-void copy_wide(wchar_t (&to)[256], const wchar_t* from) {
-  std::wcsncpy(to, from ? from : L"", 255);
-  to[255] = L'\0';
+HRESULT record(CalcFixtureMethod method, long a, long b, long c, BSTR text = nullptr) {
+  ++g_state.calls[method];
+  g_state.arguments[0] = a;
+  g_state.arguments[1] = b;
+  g_state.arguments[2] = c;
+  g_state.text_was_null = text == nullptr;
+  std::wcsncpy(g_state.text, text ? text : L"", 255);
+  g_state.text[255] = L'\0';
+  return g_state.result;
 }
 
-BSTR scripted_text(const wchar_t* text) { return text ? SysAllocString(text) : nullptr; }
+BSTR scripted_text() { return g_state.answer_text ? SysAllocString(g_state.answer_text) : nullptr; }
 
 // Slots 3 to 16 belong to methods the library never calls.
 struct Calculator : IUnknown {
@@ -51,51 +57,29 @@ struct Calculator : IUnknown {
   UNUSED_SLOT(14) UNUSED_SLOT(15) UNUSED_SLOT(16)
 #undef UNUSED_SLOT
 
-  // Slot 17.
+  // Slots 17 to 21.
   virtual HRESULT STDMETHODCALLTYPE initialise(long argument) {
-    ++g_state.initialise_calls;
-    g_state.initialise_argument = argument;
-    return g_state.result;
+    return record(kInitialise, argument, 0, 0);
   }
-  // Slot 18.
   virtual HRESULT STDMETHODCALLTYPE evaluate(BSTR expression, long a, long b) {
-    ++g_state.evaluate_calls;
-    g_state.expression_was_null = expression == nullptr;
-    copy_wide(g_state.expression, expression);
-    g_state.evaluate_arguments[0] = a;
-    g_state.evaluate_arguments[1] = b;
-    return g_state.result;
+    return record(kEvaluate, a, b, 0, expression);
   }
-  // Slot 19.
   virtual HRESULT STDMETHODCALLTYPE error_text(long a, long b, long c, BSTR* text) {
-    ++g_state.error_text_calls;
-    g_state.error_text_arguments[0] = a;
-    g_state.error_text_arguments[1] = b;
-    g_state.error_text_arguments[2] = c;
-    *text = scripted_text(g_state.error_text);
-    return g_state.result;
+    *text = scripted_text();
+    return record(kErrorText, a, b, c);
   }
-  // Slot 20.
   virtual HRESULT STDMETHODCALLTYPE text_to_number(BSTR text, long mode, double* value,
                                                    long* status) {
-    ++g_state.text_to_number_calls;
-    copy_wide(g_state.number_text, text);
-    g_state.number_mode = mode;
     *value = g_state.number;
     *status = g_state.status;
-    return g_state.result;
+    return record(kTextToNumber, mode, 0, 0, text);
   }
-  // Slot 21.
   virtual HRESULT STDMETHODCALLTYPE number_to_text(double value, long a, long b, long c,
                                                    BSTR* text, long* status) {
-    ++g_state.number_to_text_calls;
-    g_state.formatted_value = value;
-    g_state.format_controls[0] = a;
-    g_state.format_controls[1] = b;
-    g_state.format_controls[2] = c;
-    *text = scripted_text(g_state.number_text_result);
+    g_state.value = value;
+    *text = scripted_text();
     *status = g_state.status;
-    return g_state.result;
+    return record(kNumberToText, a, b, c);
   }
 
   virtual ~Calculator() = default;

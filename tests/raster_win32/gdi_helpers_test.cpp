@@ -1,0 +1,181 @@
+// The GDI bitmap helpers: regions from bitmaps, embossed and transparent
+// drawing, checked pixel by pixel in memory DCs.
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <vector>
+
+#include "gdi_test_support.h"
+#include "qnutil/gdi_win32.h"
+#include "qnutil/qnutil_win32.h"
+
+using gdi_test::DibCanvas;
+using gdi_test::Pixels;
+using gdi_test::word_of;
+
+namespace {
+
+constexpr std::uint32_t kKey = 0x00FF00FF;
+constexpr std::uint32_t kBackground = 0x00123456;
+
+std::vector<RECT> rectangles_of(HRGN region) {
+  const DWORD size = GetRegionData(region, 0, nullptr);
+  std::vector<char> data(size);
+  GetRegionData(region, size, reinterpret_cast<RGNDATA*>(data.data()));
+  const auto* header = reinterpret_cast<const RGNDATAHEADER*>(data.data());
+  const auto* rects = reinterpret_cast<const RECT*>(data.data() + header->dwSize);
+  return {rects, rects + header->nCount};
+}
+
+// Every pixel is inside the region exactly when it is not the key.
+void expect_region_matches(HRGN region, int width, int height, const Pixels& pixels,
+                           std::uint32_t key) {
+  int mismatches = 0;
+  for (int y = 0; y < height; ++y)
+    for (int x = 0; x < width; ++x) {
+      const bool inside = PtInRegion(region, x, y) != FALSE;
+      const bool keyed = ((pixels[static_cast<size_t>(y * width + x)] ^ key) & 0xFFFFFF) == 0;
+      if (inside == keyed && ++mismatches < 5) ADD_FAILURE() << "pixel " << x << "," << y;
+    }
+  EXPECT_EQ(mismatches, 0);
+  RECT outside_box{};
+  GetRgnBox(region, &outside_box);
+  EXPECT_GE(outside_box.left, 0);
+  EXPECT_GE(outside_box.top, 0);
+  EXPECT_LE(outside_box.right, width);
+  EXPECT_LE(outside_box.bottom, height);
+}
+
+struct RegionCase {
+  const char* name;
+  int width;
+  int height;
+  std::uint32_t (*pixel)(int x, int y);
+  std::optional<std::vector<RECT>> expected = std::nullopt;  // as the system stores the region
+  bool device = false;  // a device bitmap instead of a DIB section
+};
+
+// 20 runs in each of 100 rows: one flush during the scan, then an empty
+// final batch merged in. Runs that repeat in every row merge into one
+// rectangle per column run.
+std::vector<RECT> columns_of_two_thousand() {
+  std::vector<RECT> columns;
+  for (LONG x = 0; x < 40; x += 2) columns.push_back(RECT{x, 0, x + 1, 100});
+  return columns;
+}
+
+class RegionFromBitmap : public testing::TestWithParam<RegionCase> {};
+
+TEST_P(RegionFromBitmap, CoversExactlyTheNonKeyPixels) {
+  const RegionCase& c = GetParam();
+  Pixels pixels;
+  for (int y = 0; y < c.height; ++y)
+    for (int x = 0; x < c.width; ++x) pixels.push_back(c.pixel(x, y));
+  DibCanvas canvas(c.width, c.height);
+  canvas.set_all(pixels);
+  const HBITMAP bitmap = c.device ? gdi_test::device_bitmap(c.width, c.height, pixels) : canvas.release_bitmap();
+  const HRGN region = QnUtil_CreateRegionFromBitmap(bitmap, kKey);
+  if (c.device) DeleteObject(bitmap);
+  ASSERT_NE(region, nullptr);
+  expect_region_matches(region, c.width, c.height, pixels, kKey);
+  if (c.expected) {
+    const auto rects = rectangles_of(region);
+    ASSERT_EQ(rects.size(), c.expected->size());
+    for (size_t i = 0; i < rects.size(); ++i)
+      EXPECT_TRUE(EqualRect(&rects[i], &(*c.expected)[i]))
+          << i << ": " << rects[i].left << "," << rects[i].top << "," << rects[i].right << "," << rects[i].bottom;
+  }
+  DeleteObject(region);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pictures, RegionFromBitmap,
+    testing::Values(
+        RegionCase{"Diagonal", 7, 5, [](int x, int y) { return x == y ? kKey : 0x123456u; }},
+        RegionCase{"FourthByteIgnored", 4, 3, [](int x, int) { return x == 2 ? (kKey | 0xFF000000u) : 0x01000000u; }},
+        RegionCase{"KeyAtRowEnds", 9, 4, [](int x, int) { return x == 0 || x == 8 ? kKey : 0xFFFFFFu; }},
+        // 50 runs in each of 100 rows: two batches of 2000 and a rest.
+        RegionCase{"ManyBatches", 100, 100, [](int x, int y) { return (x + y) % 2 ? kKey : 0x00000001u; }},
+        RegionCase{"TallStripes", 3, 700, [](int x, int) { return x == 1 ? kKey : 0x808080u; }},
+        RegionCase{"NoKeyGivesTheWholeBitmap", 4, 3, [](int, int) { return 0x00FF00FEu; }, std::vector<RECT>{RECT{0, 0, 4, 3}}},
+        RegionCase{"AllKeyGivesAnEmptyRegion", 3, 2, [](int, int) { return kKey; }, std::vector<RECT>{}},
+        RegionCase{"ExactlyTwoThousandRectangles", 40, 100, [](int x, int) { return x % 2 ? kKey : 0x00000002u; },
+                   columns_of_two_thousand()},
+        RegionCase{"OnePixelHighRowsLieAtTheTop", 5, 1, [](int x, int) { return x == 1 || x == 4 ? kKey : 1u; },
+                   std::vector<RECT>{RECT{0, 0, 1, 1}, RECT{2, 0, 4, 1}}},
+        RegionCase{"DeviceBitmap", 3, 2, [](int x, int y) { return x == 1 && y == 0 ? kKey : 0x404040u; }, std::nullopt,
+                   true}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// The key is 0x00RRGGBB: a COLORREF of pure red names pure blue pixels.
+TEST(RegionFromBitmapKey, ComparedWithRedAndBlueExchangedAgainstAColorref) {
+  DibCanvas canvas(2, 1);
+  canvas.set_all({0x000000FF, 0x00FF0000});
+  const HRGN region = QnUtil_CreateRegionFromBitmap(canvas.release_bitmap(), RGB(255, 0, 0));
+  ASSERT_NE(region, nullptr);
+  EXPECT_FALSE(PtInRegion(region, 0, 0));
+  EXPECT_TRUE(PtInRegion(region, 1, 0));
+  DeleteObject(region);
+  EXPECT_EQ(QnUtil_CreateRegionFromBitmap(nullptr, 0), nullptr);
+}
+
+TEST(DrawEmbossedBitmap, DarkPixelsInShadowWithHighlightBelowRight) {
+  // 4 × 4 white picture with dark pixels at (1, 1) and (3, 0).
+  DibCanvas picture(4, 4, 0x00FFFFFF);
+  picture.set(1, 1, 0x00000000);
+  picture.set(3, 0, 0x00101010);
+  DibCanvas target(10, 10, kBackground);
+  const HBITMAP bitmap = picture.release_bitmap();
+  QnUtil_DrawEmbossedBitmap(target.dc(), 2, 3, 4, 4, bitmap, 0, 0);
+
+  const std::uint32_t face = word_of(GetSysColor(COLOR_3DFACE));
+  const std::uint32_t highlight = word_of(GetSysColor(COLOR_3DHILIGHT));
+  const std::uint32_t shadow = word_of(GetSysColor(COLOR_3DSHADOW));
+  for (int y = 0; y < 10; ++y)
+    for (int x = 0; x < 10; ++x) {
+      std::uint32_t expected = kBackground;
+      if (x >= 2 && x < 6 && y >= 3 && y < 7) expected = face;
+      if ((x == 4 && y == 5) || (x == 6 && y == 4)) expected = highlight;  // one right and down
+      if ((x == 3 && y == 4) || (x == 5 && y == 3)) expected = shadow;
+      EXPECT_EQ(target.at(x, y), expected) << x << "," << y;
+    }
+  // A source offset selects the rectangle: from (1, 1) on, the dark pixel
+  // comes first.
+  DibCanvas offset(4, 4, kBackground);
+  QnUtil_DrawEmbossedBitmap(offset.dc(), 0, 0, 3, 3, bitmap, 1, 1);
+  EXPECT_EQ(offset.at(0, 0), shadow);
+  EXPECT_EQ(offset.at(1, 1), highlight);
+  EXPECT_EQ(offset.at(2, 2), face);
+  EXPECT_EQ(offset.at(3, 3), kBackground);
+  picture.select_back();
+}
+
+TEST(DrawTransparentBitmap, TransparentPixelsLeaveTheTarget) {
+  const COLORREF transparent = RGB(0, 255, 0);
+  DibCanvas picture(3, 2, word_of(transparent));
+  picture.set(0, 0, 0x00FF0000);
+  picture.set(2, 1, 0x000000FF);
+  picture.set(1, 1, 0x00FFFFFF);
+  DibCanvas target(6, 5, kBackground);
+  SetBkColor(target.dc(), RGB(1, 2, 3));
+  SetTextColor(target.dc(), RGB(4, 5, 6));
+  const HBITMAP bitmap = picture.release_bitmap();
+  QnUtil_DrawTransparentBitmap(target.dc(), bitmap, 2, 1, transparent);
+  picture.select_back();
+  for (int y = 0; y < 5; ++y)
+    for (int x = 0; x < 6; ++x) {
+      std::uint32_t expected = kBackground;
+      if (x == 2 && y == 1) expected = 0x00FF0000;
+      if (x == 4 && y == 2) expected = 0x000000FF;
+      if (x == 3 && y == 2) expected = 0x00FFFFFF;
+      EXPECT_EQ(target.at(x, y), expected) << x << "," << y;
+    }
+  // The target's colours are restored.
+  EXPECT_EQ(GetBkColor(target.dc()), RGB(1, 2, 3));
+  EXPECT_EQ(GetTextColor(target.dc()), RGB(4, 5, 6));
+  // A null bitmap draws nothing.
+  QnUtil_DrawTransparentBitmap(target.dc(), nullptr, 0, 0, 0);
+  EXPECT_EQ(target.at(0, 0), kBackground);
+}
+
+}  // namespace
