@@ -3,6 +3,8 @@
 #include <cmath>
 #include <utility>
 
+#include "numeric/triangulation/walk_prefetcher.h"
+
 namespace qnutil::triangulation {
 namespace {
 
@@ -50,9 +52,12 @@ EdgeRef DelaunayBuilder::walk_start(const Point& p) const {
 // Visibility walk: cross any edge that has p strictly on its far side. The
 // edge tested first is picked at random, which rules out the endless cycles
 // a fixed order can run into; a scan of all faces backs up a walk that
-// still takes longer than the mesh is large.
+// still takes longer than the mesh is large. When p lies on the start edge's
+// line the walk begins on the far side of it: in row-ordered input the next
+// point continues the line through the last ones, and the faces below the
+// new row fan out round the last vertex, a long way round from that side.
 EdgeRef DelaunayBuilder::locate(const Point& p, EdgeRef e) {
-  if (orientation_of(e, p) < 0) e = QuadEdgeMesh::sym(e);
+  if (orientation_of(e, p) <= 0) e = QuadEdgeMesh::sym(e);
   const std::size_t step_limit = 64 + 2 * mesh_.record_count();
   for (std::size_t steps = 0; steps < step_limit; ++steps) {
     EdgeRef first = mesh_.lnext(e);
@@ -102,6 +107,14 @@ bool DelaunayBuilder::is_near_duplicate(const Point& p, EdgeRef face) const {
     e = mesh_.lnext(e);
   } while (e != face);
   return false;
+}
+
+void DelaunayBuilder::insert_all(const std::vector<VertexId>& order) {
+  WalkPrefetcher prefetcher(vertices_, order, index_, mesh_);
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    prefetcher.advance(i);
+    insert(order[i]);
+  }
 }
 
 bool DelaunayBuilder::insert(VertexId v) {

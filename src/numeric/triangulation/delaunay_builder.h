@@ -23,14 +23,17 @@ class DelaunayBuilder {
   DelaunayBuilder(const std::vector<Point>& vertices, VertexId a, VertexId b, VertexId c,
                   const Point& points_min, const Point& points_max, std::size_t expected_points);
 
-  // Inserts vertex v, which must lie strictly inside the enclosing triangle.
-  // Returns false when it duplicates a vertex already present (both
-  // coordinates within 1e-5 of a corner of the face that holds it).
-  bool insert(VertexId v);
+  // Inserts the vertices in the given order, each of which must lie strictly
+  // inside the enclosing triangle, while loading what the next few
+  // insertions will look at.
+  void insert_all(const std::vector<VertexId>& order);
 
-  QuadEdgeMesh& mesh() { return mesh_; }
+  const QuadEdgeMesh& mesh() const { return mesh_; }
 
  private:
+  // Returns false when v duplicates a vertex already present (both
+  // coordinates within 1e-5 of a corner of the face that holds it).
+  bool insert(VertexId v);
   EdgeRef walk_start(const Point& p) const;
   // An edge whose closed left face contains p.
   EdgeRef locate(const Point& p, EdgeRef start);

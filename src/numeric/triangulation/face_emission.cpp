@@ -3,6 +3,11 @@
 namespace qnutil::triangulation {
 namespace {
 
+// How many records ahead the third corner of a face is fetched: the faces'
+// records lie scattered over the whole mesh, so their loads are started
+// early enough to overlap.
+constexpr std::size_t kPrefetchDistance = 16;
+
 void append_vertex(const Point& p, std::vector<float>& out) {
   out.push_back(to_float(p.x));
   out.push_back(to_float(p.y));
@@ -10,33 +15,39 @@ void append_vertex(const Point& p, std::vector<float>& out) {
 
 }  // namespace
 
-void emit_faces(QuadEdgeMesh& mesh, VertexId first_corner, const BoundaryClip& clip, std::vector<float>& out) {
-  std::vector<EdgeRef> face;  // edges of the face, in walk order from their origins
-  for (std::size_t record = 0; record < mesh.record_count(); ++record) {
+// Every face of the subdivision is a triangle: it starts as one, an
+// insertion splits the face it lands in (or the two faces around the edge it
+// lands on) into triangles, and a swap turns two triangles into two others.
+// The three edges of the face left of e are therefore e, lnext(e) and
+// lprev(e), all named in e's own record, and the face is collected at e
+// exactly when e comes first among them in collection order, which is the
+// order of the edge numbers. Only the third corner needs a look at another
+// record.
+void emit_faces(const QuadEdgeMesh& mesh, VertexId first_corner, const BoundaryClip& clip, std::vector<float>& out) {
+  const std::size_t records = mesh.record_count();
+  for (std::size_t record = 0; record < records; ++record) {
+    if (record + kPrefetchDistance < records) {
+      for (int direction = 0; direction < 2; ++direction)
+        mesh.prefetch(mesh.lprev(QuadEdgeMesh::primal(record + kPrefetchDistance, direction)));
+    }
     if (!mesh.alive(record)) continue;
     for (int direction = 0; direction < 2; ++direction) {
-      const EdgeRef start = QuadEdgeMesh::primal(record, direction);
-      if (mesh.visited(start)) continue;
-      face.clear();
-      bool touches_corner = false, only_corners = true;
-      EdgeRef e = start;
-      do {
-        mesh.mark_visited(e);
-        face.push_back(e);
-        const bool corner = mesh.origin(e) >= first_corner;
-        touches_corner = touches_corner || corner;
-        only_corners = only_corners && corner;
-        e = mesh.lnext(e);
-      } while (e != start);
-      if (only_corners || face.size() < 3) continue;
+      const EdgeRef e = QuadEdgeMesh::primal(record, direction);
+      const EdgeRef last = mesh.lprev(e);
+      if (mesh.lnext(e) < e || last < e) continue;
+      const VertexId corners[3] = {mesh.origin(e), mesh.destination(e), mesh.origin(last)};
+      const bool touches_corner = corners[0] >= first_corner || corners[1] >= first_corner || corners[2] >= first_corner;
+      const bool only_corners = corners[0] >= first_corner && corners[1] >= first_corner && corners[2] >= first_corner;
+      if (only_corners) continue;
+      const Point& p0 = mesh.origin_point(e);
+      const Point& p1 = mesh.destination_point(e);
+      const Point& p2 = mesh.origin_point(last);
       if (!touches_corner) {
-        for (std::size_t k = 2; k < face.size(); ++k) {
-          append_vertex(mesh.origin_point(face[0]), out);
-          append_vertex(mesh.origin_point(face[k - 1]), out);
-          append_vertex(mesh.origin_point(face[k]), out);
-        }
+        append_vertex(p0, out);
+        append_vertex(p1, out);
+        append_vertex(p2, out);
       } else {
-        clip.clip({mesh.origin_point(face[0]), mesh.origin_point(face[1]), mesh.origin_point(face[2])}, out);
+        clip.clip({p0, p1, p2}, out);
       }
     }
   }

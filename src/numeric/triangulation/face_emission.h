@@ -1,7 +1,8 @@
-// Turns the finished subdivision into triangles: every face is walked once
-// (records in creation order, each primal direction in turn), faces inside
-// the enclosing triangle are fanned out, faces touching its corners are
-// handed to the boundary clip.
+// Turns the finished subdivision into triangles in face-collection order:
+// records in creation order, each primal direction in turn, a face taken at
+// the first of its edges met that way and read from that edge on. Faces
+// inside the enclosing triangle are emitted as they are, faces touching its
+// corners are handed to the boundary clip.
 #pragma once
 
 #include <vector>
@@ -13,7 +14,6 @@
 namespace qnutil::triangulation {
 
 // Vertices numbered `first_corner` and above are the enclosing triangle's.
-// Marks every primal edge visited.
-void emit_faces(QuadEdgeMesh& mesh, VertexId first_corner, const BoundaryClip& clip, std::vector<float>& out);
+void emit_faces(const QuadEdgeMesh& mesh, VertexId first_corner, const BoundaryClip& clip, std::vector<float>& out);
 
 }  // namespace qnutil::triangulation

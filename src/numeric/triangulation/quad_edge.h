@@ -26,13 +26,30 @@ class QuadEdgeMesh {
   // A new isolated edge from vertex `from` at p to vertex `to` at q.
   EdgeRef make_edge(VertexId from, const Point& p, VertexId to, const Point& q);
   // Joins or separates the origin rings of a and b (and their left faces).
-  void splice(EdgeRef a, EdgeRef b);
+  void splice(EdgeRef a, EdgeRef b) {
+    const EdgeRef alpha = rot(onext(a));
+    const EdgeRef beta = rot(onext(b));
+    const EdgeRef a_next = onext(a), b_next = onext(b);
+    const EdgeRef alpha_next = onext(alpha), beta_next = onext(beta);
+    next(a) = b_next;
+    next(b) = a_next;
+    next(alpha) = beta_next;
+    next(beta) = alpha_next;
+  }
   // A new edge from a's destination to b's origin, sharing a's left face.
   EdgeRef connect(EdgeRef a, EdgeRef b);
   // Detaches e from the subdivision and marks its record dead.
   void delete_edge(EdgeRef e);
   // Turns e counter-clockwise inside the quadrilateral formed by its two faces.
-  void swap(EdgeRef e);
+  void swap(EdgeRef e) {
+    const EdgeRef a = oprev(e);
+    const EdgeRef b = oprev(sym(e));
+    splice(e, a);
+    splice(sym(e), b);
+    splice(e, lnext(a));
+    splice(sym(e), lnext(b));
+    set_end_points(e, destination(a), destination_point(a), destination(b), destination_point(b));
+  }
 
   static EdgeRef rot(EdgeRef e) { return (e & ~3u) | ((e + 1) & 3u); }
   static EdgeRef inv_rot(EdgeRef e) { return (e & ~3u) | ((e + 3) & 3u); }
@@ -51,21 +68,31 @@ class QuadEdgeMesh {
   static EdgeRef primal(std::size_t record, int direction) {
     return static_cast<EdgeRef>(record * 4 + static_cast<std::size_t>(direction) * 2);
   }
-  // Marks of the face collection, one per primal direction.
-  bool visited(EdgeRef e) const { return (records_[e >> 2].visited >> ((e >> 1) & 1u)) & 1u; }
-  void mark_visited(EdgeRef e) { records_[e >> 2].visited |= static_cast<std::uint8_t>(1u << ((e >> 1) & 1u)); }
+  // Starts loading e's record; walks that know where they go next hide the
+  // latency of a mesh far larger than the caches this way.
+  void prefetch(EdgeRef e) const {
+#if defined(__GNUC__)
+    __builtin_prefetch(&records_[e >> 2]);
+#endif
+  }
 
  private:
   struct alignas(64) Record {
     EdgeRef next[4];
     VertexId origin[2];  // of the primal directions 0 and 2
     std::uint8_t alive;
-    std::uint8_t visited;
     Point point[2];
   };
 
   EdgeRef& next(EdgeRef e) { return records_[e >> 2].next[e & 3u]; }
-  void set_end_points(EdgeRef e, VertexId from, const Point& p, VertexId to, const Point& q);
+  void set_end_points(EdgeRef e, VertexId from, const Point& p, VertexId to, const Point& q) {
+    Record& record = records_[e >> 2];
+    const unsigned side = (e >> 1) & 1u;
+    record.origin[side] = from;
+    record.point[side] = p;
+    record.origin[side ^ 1u] = to;
+    record.point[side ^ 1u] = q;
+  }
 
   std::vector<Record> records_;
 };

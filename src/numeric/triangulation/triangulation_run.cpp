@@ -59,24 +59,22 @@ std::vector<float> triangulate(int point_count, unsigned int boundary_count, con
       orientation(vertices[a], vertices[b], vertices[c]) <= 0)
     return out;
 
-  std::vector<std::uint8_t> insertable(n);
-  std::size_t insertable_count = 0;
+  std::vector<VertexId> order;
+  order.reserve(n);
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
   Point low{kInfinity, kInfinity}, high{-kInfinity, -kInfinity};
   for (std::size_t i = 0; i < n; ++i) {
-    insertable[i] = strictly_inside(vertices[i], vertices[a], vertices[b], vertices[c]);
-    if (!insertable[i]) continue;
-    ++insertable_count;
+    if (!strictly_inside(vertices[i], vertices[a], vertices[b], vertices[c])) continue;
+    order.push_back(static_cast<VertexId>(i));
     const Point& p = vertices[i];
     low = {std::min(low.x, p.x), std::min(low.y, p.y)};
     high = {std::max(high.x, p.x), std::max(high.y, p.y)};
   }
 
-  DelaunayBuilder builder(vertices, a, b, c, low, high, insertable_count);
-  for (std::size_t i = 0; i < n; ++i)
-    if (insertable[i]) builder.insert(static_cast<VertexId>(i));
+  DelaunayBuilder builder(vertices, a, b, c, low, high, order.size());
+  builder.insert_all(order);
 
-  out.reserve(12 * insertable_count + 64);
+  out.reserve(12 * order.size() + 64);
   const BoundaryClip clip(box, vertices.data(), boundary_count);
   emit_faces(builder.mesh(), a, clip, out);
   return out;

@@ -39,14 +39,30 @@ void VertexIndex::add(EdgeRef edge, const Point& p) {
   }
 }
 
-EdgeRef VertexIndex::near(const Point& p, const QuadEdgeMesh& mesh) const {
+template <class Accept>
+EdgeRef VertexIndex::finest_accepted(const Point& p, Accept accept) const {
   const Cell cell = finest_cell(p);
   for (int level = finest_level_; level >= 0; --level) {
     const int shift = finest_level_ - level;
     const EdgeRef found = cells_[level_offset_[level] + ((cell.row >> shift) << level) + (cell.column >> shift)];
-    if (found != kNone && mesh.alive(found >> 2)) return found;
+    if (found != kNone && accept(found)) return found;
   }
   return kNone;
+}
+
+EdgeRef VertexIndex::near(const Point& p, const QuadEdgeMesh& mesh) const {
+  return finest_accepted(p, [&mesh](EdgeRef found) { return mesh.alive(found >> 2); });
+}
+
+EdgeRef VertexIndex::peek(const Point& p) const {
+  return finest_accepted(p, [](EdgeRef) { return true; });
+}
+
+void VertexIndex::prefetch_cell(const Point& p) const {
+#if defined(__GNUC__)
+  const Cell cell = finest_cell(p);
+  __builtin_prefetch(&cells_[level_offset_[finest_level_] + (cell.row << finest_level_) + cell.column]);
+#endif
 }
 
 }  // namespace qnutil::triangulation

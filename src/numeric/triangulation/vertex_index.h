@@ -26,6 +26,10 @@ class VertexIndex {
   // The most recent live edge of the finest cell containing p that has one,
   // or kNone.
   EdgeRef near(const Point& p, const QuadEdgeMesh& mesh) const;
+  // For a query a few insertions ahead: starts loading p's finest cell; and
+  // near() without its look at the mesh, which would wait for a record.
+  void prefetch_cell(const Point& p) const;
+  EdgeRef peek(const Point& p) const;
 
  private:
   struct Cell {
@@ -33,6 +37,10 @@ class VertexIndex {
     std::size_t row;
   };
   Cell finest_cell(const Point& p) const;
+  // The entry of each level's cell containing p, finest first, until f
+  // accepts one; kNone when none is accepted.
+  template <class Accept>
+  EdgeRef finest_accepted(const Point& p, Accept accept) const;
 
   Point min_;
   double scale_x_ = 0.0;  // finest cells per unit
