@@ -117,6 +117,8 @@ TEST_P(DelaunayProperty, HoldsForEveryTriangle) {
 INSTANTIATE_TEST_SUITE_P(
     Inputs, DelaunayProperty,
     ::testing::Values(Case{"Random3000", [] { return random_points(3000); }, false},
+                      // Large enough for insertion to prefetch ahead.
+                      Case{"Random80000", [] { return random_points(80000); }, false},
                       Case{"Grid50", [] { return grid(50, 0.0); }, true},
                       Case{"RotatedGrid50", [] { return grid(50, 0.3); }, true},
                       Case{"SteepRotatedGrid40", [] { return grid(40, 1.1); }, true},

@@ -109,7 +109,14 @@ bool DelaunayBuilder::is_near_duplicate(const Point& p, EdgeRef face) const {
   return false;
 }
 
+// Below some 64k points (about 12 MB of records) the mesh stays in the
+// caches, and the prefetching copy of the walk would only cost time.
 void DelaunayBuilder::insert_all(const std::vector<VertexId>& order) {
+  constexpr std::size_t kPrefetchFromPoints = std::size_t{1} << 16;
+  if (order.size() < kPrefetchFromPoints) {
+    for (VertexId v : order) insert(v);
+    return;
+  }
   WalkPrefetcher prefetcher(vertices_, order, index_, mesh_);
   for (std::size_t i = 0; i < order.size(); ++i) {
     prefetcher.advance(i);
