@@ -66,12 +66,6 @@ void print_material(CQnMatFile& material) {
               static_cast<unsigned>(m.Bits), texture.c_str());
 }
 
-std::string json_number(double value) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%.9g", value);
-  return text;
-}
-
 std::string json_colour(const float (&rgb)[3]) {
   return "[" + json_number(rgb[0]) + ", " + json_number(rgb[1]) + ", " + json_number(rgb[2]) + "]";
 }

@@ -199,12 +199,10 @@ bool write_drawings(const Triangulation& t, const char* svg, const char* bmp) {
 
 void print_triangles_json(const Triangulation& t) {
   JsonArrayWriter json;
-  char text[160];
+  auto corner = [](const Vertex& v) { return "[" + json_number(v.x) + ", " + json_number(v.y) + "]"; };
   for (std::size_t i = 0; i + 2 < t.corners.size(); i += 3) {
     const Vertex* c = &t.corners[i];
-    std::snprintf(text, sizeof text, "[[%.9g, %.9g], [%.9g, %.9g], [%.9g, %.9g]]", c[0].x, c[0].y,
-                  c[1].x, c[1].y, c[2].x, c[2].y);
-    json.item(text);
+    json.item("[" + corner(c[0]) + ", " + corner(c[1]) + ", " + corner(c[2]) + "]");
   }
 }
 

@@ -11,6 +11,14 @@
 
 namespace qnutil_tool {
 
+// Single-precision values (the library's records and triangles) with all the
+// digits that tell one float from the next.
+inline std::string json_number(double value) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.9g", value);
+  return text;
+}
+
 inline std::string json_string(const char* ansi) {
   std::string utf8;
   if (ansi && *ansi) {
