@@ -15,6 +15,8 @@
 
 namespace env_test {
 
+using qnutil_test::MessageCapture;
+
 // A root environment closed at the end of the test.
 class Env {
  public:

@@ -2,10 +2,7 @@
 // counting.
 #include "env_fixture.h"
 
-using env_test::Env;
-using env_test::get_text;
-using env_test::put_all;
-using qnutil_test::MessageCapture;
+using namespace env_test;
 
 namespace {
 
@@ -77,38 +74,40 @@ struct CheckCase {
   const char* section;
   const char* path;
   int direct;
-  int expected;
+  int kind;   // env_check
+  int count;  // env_count_elements
 };
 
 class EnvCheck : public ::testing::TestWithParam<CheckCase> {};
 
-TEST_P(EnvCheck, ReportsTheElementKind) {
+TEST_P(EnvCheck, ReportsTheElementKindAndCount) {
   Env env;
   put_all(env, {{"S", "data", "1"}, {"S", "outer@inner@leaf", "2"}, {"Empty", nullptr, "ignored"}});
   ASSERT_EQ(env_put_external(env, "S", "ext", 9), ENV_OK);
   MessageCapture quiet;
   const CheckCase& c = GetParam();
-  EXPECT_EQ(env_check(env, c.section, c.path, c.direct), c.expected);
+  EXPECT_EQ(env_check(env, c.section, c.path, c.direct), c.kind);
+  EXPECT_EQ(env_count_elements(env, c.section, c.path, c.direct), c.count);
 }
 
+using K = CheckCase;
 INSTANTIATE_TEST_SUITE_P(
     Cases, EnvCheck,
-    ::testing::Values(CheckCase{nullptr, nullptr, 1, ENV_BLOCK},  // sections exist
-                      CheckCase{"S", nullptr, 1, ENV_BLOCK}, CheckCase{"Empty", nullptr, 1, ENV_BLOCK},
-                      CheckCase{"Nope", nullptr, 1, ENV_NOT_FOUND},
-                      CheckCase{"S", "data", 1, ENV_DATA}, CheckCase{"S", "ext", 1, ENV_EXTERNAL},
-                      CheckCase{"S", "outer", 1, ENV_BLOCK},
-                      CheckCase{"S", "leaf", 1, ENV_NOT_FOUND},   // two levels down
-                      CheckCase{"S", "leaf", 0, ENV_DATA},        // breadth first finds it
-                      CheckCase{"S", "inner@leaf", 0, ENV_DATA},
-                      CheckCase{"S", "data@2", 1, ENV_NOT_FOUND},
-                      CheckCase{"S", "@@", 1, ENV_BAD_PATH},
-                      CheckCase{"S", "data@1@x", 1, ENV_NOT_FOUND}));
+    ::testing::Values(K{nullptr, nullptr, 1, ENV_BLOCK, 2},  // sections exist
+                      K{"S", nullptr, 1, ENV_BLOCK, 3}, K{"Empty", nullptr, 1, ENV_BLOCK, 0},
+                      K{"Nope", nullptr, 1, ENV_NOT_FOUND, 0}, K{"S", "data", 1, ENV_DATA, 0},
+                      K{"S", "ext", 1, ENV_EXTERNAL, 0}, K{"S", "outer", 1, ENV_BLOCK, 1},
+                      K{"S", "leaf", 1, ENV_NOT_FOUND, 0},  // two levels down
+                      K{"S", "leaf", 0, ENV_DATA, 0},       // breadth first finds it
+                      K{"S", "inner", 0, ENV_BLOCK, 1}, K{"S", "inner@leaf", 0, ENV_DATA, 0},
+                      K{"S", "data@2", 1, ENV_NOT_FOUND, 0}, K{"S", "@@", 1, ENV_BAD_PATH, ENV_BAD_PATH},
+                      K{"S", "data@1@x", 1, ENV_NOT_FOUND, 0}));
 
-TEST(EnvHandles, CheckOnEmptyRootAndOnSubAnchors) {
+// Seen through a sub-environment, its anchor is the element checked.
+TEST(EnvHandles, CheckAndCountOnEmptyRootAndOnSubAnchors) {
   Env env;
   EXPECT_EQ(env_check(env, nullptr, nullptr, 1), ENV_NOT_FOUND);
-  ASSERT_EQ(env_put(env, "S", "d", "1"), ENV_OK);
+  put_all(env, {{"S", "d", "1"}, {"B", "blk@y", "1"}, {"B", "blk@z", "1"}});
   ASSERT_EQ(env_put_external(env, "S", "e", 1), ENV_OK);
   EnvHandle* empty = env_create_subenv(env, "S", "b");
   ASSERT_NE(empty, nullptr);
@@ -121,7 +120,11 @@ TEST(EnvHandles, CheckOnEmptyRootAndOnSubAnchors) {
   EnvHandle* d = env_open_subenv(env, "S", "d", 1);
   EXPECT_EQ(env_check(d, nullptr, nullptr, 1), ENV_DATA);
   EXPECT_EQ(env_exist_data(d, nullptr, nullptr, 1), 1);
+  EXPECT_EQ(env_count_elements(d, nullptr, nullptr, 1), 0);
   env_close(d, 0);
+  EnvHandle* blk = env_open_subenv(env, "B", "blk", 1);
+  EXPECT_EQ(env_count_elements(blk, nullptr, nullptr, 1), 2);
+  env_close(blk, 0);
   EXPECT_EQ(env_exist(env, "S", "e", 1), 1);
   EXPECT_EQ(env_exist_external(env, "S", "e", 1), 1);
   EXPECT_EQ(env_exist_block(env, "S", "e", 1), 0);
@@ -164,22 +167,6 @@ TEST(EnvHandles, DeleteFreesSubtreeAndCountsDrop) {
   EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 0);
   MessageCapture quiet;
   EXPECT_EQ(env_delete(env, "S", "@"), ENV_BAD_PATH);
-}
-
-TEST(EnvHandles, CountElements) {
-  Env env;
-  put_all(env, {{"A", "x", "1"}, {"B", "blk@y", "1"}, {"B", "blk@z", "1"}});
-  EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 2);
-  EXPECT_EQ(env_count_elements(env, "B", "blk", 1), 2);
-  EXPECT_EQ(env_count_elements(env, "B", "blk@y", 1), 0);  // data
-  EXPECT_EQ(env_count_elements(env, "B", "none", 1), 0);
-  EXPECT_EQ(env_count_elements(env, "Z", nullptr, 1), 0);
-  EnvHandle* sub = env_open_subenv(env, "B", "blk", 1);
-  EXPECT_EQ(env_count_elements(sub, nullptr, nullptr, 1), 2);
-  env_close(sub, 0);
-  sub = env_open_subenv(env, "A", "x", 1);
-  EXPECT_EQ(env_count_elements(sub, nullptr, nullptr, 1), 0);
-  env_close(sub, 0);
 }
 
 TEST(EnvHandles, InsertBefore) {

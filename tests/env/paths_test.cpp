@@ -5,10 +5,7 @@
 
 #include "env_fixture.h"
 
-using env_test::Env;
-using env_test::get_text;
-using env_test::put_all;
-using qnutil_test::MessageCapture;
+using namespace env_test;
 
 namespace {
 
@@ -94,7 +91,7 @@ TEST(EnvPaths, BadPathsAndNullSectionsAreReported) {
   EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 0);
   EXPECT_EQ(env_check(env, "S", "", 1), ENV_BAD_PATH);
   EXPECT_EQ(env_put(env, nullptr, "a", "x"), ENV_ERROR);
-  EXPECT_EQ(env_test::texts(capture),
+  EXPECT_EQ(texts(capture),
             (std::vector<std::string>{"Bad Path was given", "Bad Path was given",
                                       "bypass Nil section"}));
 }

@@ -4,9 +4,7 @@
 
 #include "env_fixture.h"
 
-using env_test::Env;
-using env_test::get_text;
-using env_test::put_all;
+using namespace env_test;
 
 namespace {
 
@@ -43,10 +41,10 @@ TEST_P(EnvScanner, ParsesExactlyOneNumber) {
   ASSERT_EQ(env_put(env, "S", "v", c.text), ENV_OK);
   long l = -99;
   EXPECT_EQ(env_get_long(env, "S", "v", 1, &l), c.long_result);
-  if (c.long_result == 1) EXPECT_EQ(l, c.long_value);
+  if (c.long_result == 1) { EXPECT_EQ(l, c.long_value); }
   double d = -99;
   EXPECT_EQ(env_get_double(env, "S", "v", 1, &d), c.double_result);
-  if (c.double_result == 1) EXPECT_EQ(d, c.double_value);
+  if (c.double_result == 1) { EXPECT_EQ(d, c.double_value); }
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -62,31 +60,14 @@ INSTANTIATE_TEST_SUITE_P(
                       ScanCase{"1 2", -5, 0, -5, 0}, ScanCase{"1,", -5, 0, -5, 0},
                       ScanCase{"--1", -5, 0, -5, 0}, ScanCase{"0x10", -5, 0, -5, 0}));
 
-TEST(EnvValues, LongListsAndCapacity) {
-  Env env;
-  ASSERT_EQ(env_put(env, "S", "v", "1, 2 ,3"), ENV_OK);
-  long values[3] = {};
-  int count = 2;
-  EXPECT_EQ(env_get_longs(env, "S", "v", 1, &count, values), ENV_TOO_SMALL);
-  EXPECT_EQ(count, 0);
-  count = 3;
-  EXPECT_EQ(env_get_longs(env, "S", "v", 1, &count, values), 1);
-  EXPECT_EQ(count, 3);
-  EXPECT_EQ(values[2], 3);
-  count = 3;
-  EXPECT_EQ(env_get_longs(env, "S", "none", 1, &count, values), ENV_NOT_FOUND);
-  EXPECT_EQ(count, 0);
-  ASSERT_EQ(env_put(env, "S", "bad", "1,x"), ENV_OK);
-  count = 3;
-  EXPECT_EQ(env_get_longs(env, "S", "bad", 1, &count, values), ENV_SYNTAX);
-  EXPECT_EQ(count, 0);
-}
-
-TEST(EnvValues, PutListsJoinWithCommas) {
+// Lists join with commas; a failed get reports a count of 0.
+TEST(EnvValues, ListsRoundTripWithinCapacity) {
   Env env;
   const long longs[] = {1, -2, 3};
   ASSERT_EQ(env_put_longs(env, "S", "l", 3, longs), ENV_OK);
   EXPECT_EQ(get_text(env, "S", "l"), "1,-2,3");
+  EXPECT_EQ(env_put_longs(env, "S", "l", 0, longs), ENV_ERROR);
+  EXPECT_EQ(env_put_longs(env, "S", "l", 1, nullptr), ENV_ERROR);
   const double doubles[] = {0.5, 1e10};
   ASSERT_EQ(env_put_doubles(env, "S", "d", 2, doubles), ENV_OK);
   EXPECT_EQ(get_text(env, "S", "d"), "0.5,1e+10");
@@ -97,8 +78,22 @@ TEST(EnvValues, PutListsJoinWithCommas) {
   const char* strings[] = {"ab", "c d", "e"};
   ASSERT_EQ(env_put_strings(env, "S", "s", 3, strings), ENV_OK);
   EXPECT_EQ(get_text(env, "S", "s"), "ab,c d,e");
-  EXPECT_EQ(env_put_longs(env, "S", "l", 0, longs), ENV_ERROR);
-  EXPECT_EQ(env_put_longs(env, "S", "l", 1, nullptr), ENV_ERROR);
+
+  put_all(env, {{"S", "v", "1, 2 ,3"}, {"S", "bad", "1,x"}});
+  // "result:count values..."
+  const auto longs_of = [&env](const char* path, int capacity) {
+    long values[3] = {};
+    int n = capacity;
+    const int result = env_get_longs(env, "S", path, 1, &n, values);
+    std::string out = std::to_string(result) + ":" + std::to_string(n);
+    for (int i = 0; i < n; ++i) out += " " + std::to_string(values[i]);
+    return out;
+  };
+  EXPECT_EQ(longs_of("v", 3), "1:3 1 2 3");
+  EXPECT_EQ(longs_of("l", 3), "1:3 1 -2 3");
+  EXPECT_EQ(longs_of("v", 2), "-7:0");
+  EXPECT_EQ(longs_of("none", 3), "-4:0");
+  EXPECT_EQ(longs_of("bad", 3), "-5:0");
 }
 
 TEST(EnvValues, PutListDropsWhatDoesNotFit) {
@@ -117,22 +112,18 @@ TEST(EnvValues, PutListDropsWhatDoesNotFit) {
 
 TEST(EnvValues, Strings) {
   Env env;
-  ASSERT_EQ(env_put(env, "S", "s", " ab , C9\t,x "), ENV_OK);
+  put_all(env, {{"S", "s", " ab , C9\t,x "}, {"S", "t", "a-b"}});
   char a[4], b[4], c[4];
   char* bufs[] = {a, b, c};
   int count = 3;
   EXPECT_EQ(env_get_strings(env, "S", "s", 1, &count, 4, bufs), 1);
-  EXPECT_EQ(count, 3);
-  EXPECT_STREQ(a, "ab");
-  EXPECT_STREQ(b, "C9");
-  EXPECT_STREQ(c, "x");
+  EXPECT_EQ(std::to_string(count) + a + "|" + b + "|" + c, "3ab|C9|x");
   count = 3;
   EXPECT_EQ(env_get_strings(env, "S", "s", 1, &count, 2, bufs), ENV_TOO_SMALL);
   EXPECT_EQ(count, 0);
   char* with_null[] = {a, nullptr, c};
   count = 3;
   EXPECT_EQ(env_get_strings(env, "S", "s", 1, &count, 4, with_null), ENV_TOO_SMALL);
-  ASSERT_EQ(env_put(env, "S", "t", "a-b"), ENV_OK);
   count = 3;
   EXPECT_EQ(env_get_strings(env, "S", "t", 1, &count, 4, bufs), ENV_SYNTAX);
 }

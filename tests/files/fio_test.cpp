@@ -13,9 +13,6 @@ namespace {
 
 using qnutil_test::read_file;
 using qnutil_test::ScratchDir;
-using qnutil_test::write_file;
-
-constexpr char kHeader[] = "1.1  @mbINTEL   ";
 
 class Fio : public ::testing::Test {
  protected:
@@ -23,7 +20,7 @@ class Fio : public ::testing::Test {
     return fio_open(dir_.path().string().c_str(), name, mode);
   }
   std::string contents(const char* name = "data.bin") { return read_file(dir_.file(name)); }
-  void put(const std::string& bytes) { write_file(dir_.file("data.bin"), bytes); }
+  void put(const std::string& bytes) { qnutil_test::write_file(dir_.file("data.bin"), bytes); }
 
   ScratchDir dir_;
 };
@@ -31,9 +28,8 @@ class Fio : public ::testing::Test {
 TEST_F(Fio, NeedsExactlyOneDirectionAndAnExistingFileToRead) {
   EXPECT_EQ(open(QNUTIL_FIO_READ), nullptr);
   put("x");
-  for (int mode : {0, 3, 5, 6, 7, QNUTIL_FIO_UPDATE, QNUTIL_FIO_TEXT | QNUTIL_FIO_HEADER}) {
+  for (int mode : {0, 3, 5, 6, 7, QNUTIL_FIO_UPDATE, QNUTIL_FIO_TEXT | QNUTIL_FIO_HEADER})
     EXPECT_EQ(open(mode), nullptr) << mode;
-  }
 }
 
 // Written with the header, read back past it as fields; the handle keeps
@@ -49,7 +45,7 @@ TEST_F(Fio, HeaderAndFieldsRoundTrip) {
   EXPECT_EQ(fio_putchar(file, '\n'), 0);
   EXPECT_EQ(fio_flush(file), 0);
   EXPECT_EQ(fio_close(file), 0);
-  EXPECT_EQ(contents(), std::string(kHeader) + "name  \n");
+  EXPECT_EQ(contents(), "1.1  @mbINTEL   name  \n");
 
   file = open(QNUTIL_FIO_READ | QNUTIL_FIO_HEADER);
   ASSERT_NE(file, nullptr);
@@ -61,36 +57,31 @@ TEST_F(Fio, HeaderAndFieldsRoundTrip) {
   EXPECT_EQ(fio_close(file), 0);
 }
 
-struct HeaderCase {
-  std::string bytes;
-  int byte_order;
-  int first_byte;  // what the first read returns
-};
-
-class FioHeader : public Fio, public ::testing::WithParamInterface<HeaderCase> {};
-
-TEST_P(FioHeader, DetectsTheHeader) {
-  put(GetParam().bytes);
-  QnUtilFioFile* file = open(QNUTIL_FIO_READ | QNUTIL_FIO_HEADER);
-  ASSERT_NE(file, nullptr);
-  EXPECT_EQ(file->byteOrder, GetParam().byte_order);
-  EXPECT_EQ(fio_getchar(file, nullptr), GetParam().first_byte);
-  fio_close(file);
+TEST_F(Fio, DetectsTheHeader) {
+  const struct {
+    const char* bytes;
+    int byte_order;
+    int first_byte;  // what the first read returns
+  } cases[] = {{"1.1  @mbMOTOROLAz", QNUTIL_FIO_BIG_ENDIAN, 'z'},
+               {"1.1  @mbmotorolaz", QNUTIL_FIO_LITTLE_ENDIAN, 'z'},
+               // Either marker alone, anywhere in the first 8 bytes.
+               {"xx1.1xxxMOTOROLA!", QNUTIL_FIO_BIG_ENDIAN, '!'},
+               {"xxxxx@mbINTEL   !", QNUTIL_FIO_LITTLE_ENDIAN, '!'},
+               {"plain binary data", QNUTIL_FIO_NO_HEADER, 'p'},
+               {"1.", QNUTIL_FIO_NO_HEADER, '1'},
+               // Short files are judged by what could be read.
+               {"1.1", QNUTIL_FIO_LITTLE_ENDIAN, -1},
+               {"1.1  @mbMOTOR", QNUTIL_FIO_LITTLE_ENDIAN, -1},
+               {"", QNUTIL_FIO_NO_HEADER, -1}};
+  for (const auto& c : cases) {
+    put(c.bytes);
+    QnUtilFioFile* file = open(QNUTIL_FIO_READ | QNUTIL_FIO_HEADER);
+    ASSERT_NE(file, nullptr) << c.bytes;
+    EXPECT_EQ(file->byteOrder, c.byte_order) << c.bytes;
+    EXPECT_EQ(fio_getchar(file, nullptr), c.first_byte) << c.bytes;
+    fio_close(file);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Headers, FioHeader,
-    ::testing::Values(HeaderCase{"1.1  @mbMOTOROLAz", QNUTIL_FIO_BIG_ENDIAN, 'z'},
-                      HeaderCase{"1.1  @mbmotorolaz", QNUTIL_FIO_LITTLE_ENDIAN, 'z'},
-                      // Either marker alone, anywhere in the first 8 bytes.
-                      HeaderCase{"xx1.1xxxMOTOROLA!", QNUTIL_FIO_BIG_ENDIAN, '!'},
-                      HeaderCase{"xxxxx@mbINTEL   !", QNUTIL_FIO_LITTLE_ENDIAN, '!'},
-                      HeaderCase{"plain binary data", QNUTIL_FIO_NO_HEADER, 'p'},
-                      HeaderCase{"1.", QNUTIL_FIO_NO_HEADER, '1'},
-                      // Short files are judged by what could be read.
-                      HeaderCase{"1.1", QNUTIL_FIO_LITTLE_ENDIAN, -1},
-                      HeaderCase{"1.1  @mbMOTOR", QNUTIL_FIO_LITTLE_ENDIAN, -1},
-                      HeaderCase{"", QNUTIL_FIO_NO_HEADER, -1}));
 
 TEST_F(Fio, AppendAndTextModesIgnoreTheHeader) {
   put("1.1  @mbMOTOROLA");
@@ -99,25 +90,35 @@ TEST_F(Fio, AppendAndTextModesIgnoreTheHeader) {
   EXPECT_EQ(file->byteOrder, QNUTIL_FIO_LITTLE_ENDIAN);
   EXPECT_EQ(fio_getchar(file, nullptr), '1');
   fio_close(file);
-
-  file = open(QNUTIL_FIO_APPEND | QNUTIL_FIO_HEADER);
-  ASSERT_NE(file, nullptr);
-  fio_putchar(file, '+');
-  fio_close(file);
+  for (auto [mode, name] : {std::pair{QNUTIL_FIO_APPEND | QNUTIL_FIO_HEADER, "data.bin"},
+                            std::pair{QNUTIL_FIO_WRITE | QNUTIL_FIO_TEXT | QNUTIL_FIO_HEADER, "text.txt"}}) {
+    file = open(mode, name);
+    ASSERT_NE(file, nullptr);
+    fio_putchar(file, '+');
+    fio_close(file);
+  }
   EXPECT_EQ(contents(), "1.1  @mbMOTOROLA+");
-
-  file = open(QNUTIL_FIO_WRITE | QNUTIL_FIO_TEXT | QNUTIL_FIO_HEADER, "text.txt");
-  ASSERT_NE(file, nullptr);
-  fio_putchar(file, 'x');
-  fio_close(file);
-  EXPECT_EQ(contents("text.txt"), "x");
+  EXPECT_EQ(contents("text.txt"), "+");
 }
 
-TEST_F(Fio, GetcharReportsTheEnd) {
-  put("\xC8");
-  QnUtilFioFile* file = open(QNUTIL_FIO_READ);
+// Bytes come back unsigned; at the end the byte reads as 0xFF.
+TEST_F(Fio, GetcharAndSeekFromEachOrigin) {
+  put("0123456789\xC8");
+  QnUtilFioFile* file = open(QNUTIL_FIO_READ | QNUTIL_FIO_UPDATE);
   ASSERT_NE(file, nullptr);
+  struct Step {
+    long offset;
+    int origin;
+    long position;
+  };
+  for (const Step& step : {Step{4, 0, 4}, Step{2, 1, 6}, Step{-1, 2, 10}, Step{-3, 2, 8},
+                           Step{0, 7, 11}, Step{-1, -1, 10}, Step{0, 0, 0}}) {
+    EXPECT_EQ(fio_seek(file, step.offset, step.origin), 0);
+    EXPECT_EQ(fio_tell(file), step.position) << step.offset << " " << step.origin;
+  }
+  EXPECT_EQ(fio_seek(file, -5, 0), -1);
   unsigned char byte = 0;
+  ASSERT_EQ(fio_seek(file, 10, 0), 0);
   EXPECT_EQ(fio_getchar(file, &byte), 0);
   EXPECT_EQ(byte, 0xC8);
   EXPECT_EQ(fio_getchar(file, &byte), -1);
@@ -126,35 +127,14 @@ TEST_F(Fio, GetcharReportsTheEnd) {
   fio_close(file);
 }
 
-TEST_F(Fio, SeeksFromEachOrigin) {
-  put("0123456789");
-  QnUtilFioFile* file = open(QNUTIL_FIO_READ | QNUTIL_FIO_UPDATE);
-  ASSERT_NE(file, nullptr);
-  struct Step {
-    long offset;
-    int origin;
-    long position;
-  };
-  for (const Step& step : {Step{4, 0, 4}, Step{2, 1, 6}, Step{0, 2, 10}, Step{-3, 2, 7},
-                           Step{0, 7, 10}, Step{-1, -1, 9}, Step{0, 0, 0}}) {
-    EXPECT_EQ(fio_seek(file, step.offset, step.origin), 0);
-    EXPECT_EQ(fio_tell(file), step.position) << step.offset << " " << step.origin;
-  }
-  EXPECT_EQ(fio_seek(file, -5, 0), -1);
-  fio_close(file);
-}
-
 TEST(FioNullHandle, EveryCallFails) {
   char buf[4];
   unsigned char byte;
   EXPECT_EQ(fio_close(nullptr), 0);
-  EXPECT_EQ(fio_flush(nullptr), -1);
-  EXPECT_EQ(fio_getchar(nullptr, &byte), -1);
-  EXPECT_EQ(fio_putchar(nullptr, 'x'), -1);
-  EXPECT_EQ(fio_getstring(nullptr, 3, buf), -1);
-  EXPECT_EQ(fio_putstring(nullptr, "x", 1), -1);
-  EXPECT_EQ(fio_seek(nullptr, 0, 0), -1);
-  EXPECT_EQ(fio_tell(nullptr), -1);
+  for (int result : {fio_flush(nullptr), fio_getchar(nullptr, &byte), fio_putchar(nullptr, 'x'),
+                     fio_getstring(nullptr, 3, buf), fio_putstring(nullptr, "x", 1),
+                     fio_seek(nullptr, 0, 0), static_cast<int>(fio_tell(nullptr))})
+    EXPECT_EQ(result, -1);
 }
 
 // A stream over `bytes` in a scratch file, read from the start.
@@ -164,55 +144,56 @@ struct StreamFile {
     std::rewind(stream);
   }
   ~StreamFile() { std::fclose(stream); }
-  std::string contents() {
-    std::fflush(stream);
-    return read_file(dir.file("s"));
-  }
   ScratchDir dir;
   FILE* stream;
 };
 
-struct Field {
-  int result;
-  std::string text;
-};
+using namespace std::string_literals;
 
-struct GetCase {
-  std::string input;
-  int max;
-  std::vector<Field> fields;  // results of successive calls
-};
-
-class GetStringTest : public ::testing::TestWithParam<GetCase> {};
-
-TEST_P(GetStringTest, ReadsSuccessiveFields) {
-  StreamFile stream(GetParam().input);
-  for (const Field& expected : GetParam().fields) {
-    std::vector<char> buf(GetParam().max + 1, '#');
-    EXPECT_EQ(QnUtil_GetString(stream.stream, GetParam().max, buf.data()), expected.result);
-    EXPECT_EQ(std::string(buf.data()), expected.text);
+TEST(GetString, ReadsSuccessiveFields) {
+  const struct {
+    std::string input;
+    int max;
+    std::vector<std::pair<int, std::string>> fields;  // results of successive calls
+  } cases[] = {
+      {"", 10, {{-1, ""}}}, {"x", 10, {{0, "x"}, {-1, ""}}},
+      {"abc\ndef", 10, {{0, "abc"}, {0, "def"}, {-1, ""}}},
+      // The line feed after a carriage return is kept, once.
+      {"abc\r\ndef\r\n", 10, {{0, "abc\n"}, {0, "def\n"}, {-1, ""}}},
+      {"ab\rcd", 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
+      // A carriage return at the end pushes back 0xFF.
+      {"ab\r", 10, {{0, "ab"}, {0, "\xFF"}, {-1, ""}}},
+      {"ab\0cd"s, 10, {{0, "ab"}, {0, "cd"}}},
+      {"ab\r\0cd"s, 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
+      {"abcdefg\n", 3, {{0, "abc"}, {0, "def"}, {0, "g"}, {-1, ""}}},
+      {"abc\n", 3, {{0, "abc"}, {0, ""}, {-1, ""}}},
+      {"\n\n", 5, {{0, ""}, {0, ""}, {-1, ""}}}};
+  for (const auto& c : cases) {
+    StreamFile stream(c.input);
+    for (const auto& [result, text] : c.fields) {
+      std::vector<char> buf(c.max + 1, '#');
+      EXPECT_EQ(QnUtil_GetString(stream.stream, c.max, buf.data()), result) << c.input;
+      EXPECT_EQ(std::string(buf.data()), text) << c.input;
+    }
   }
 }
 
-using namespace std::string_literals;
+TEST(PutString, WritesAFixedWidthField) {
+  const struct {
+    const char* text;
+    int width;
+    const char* written;
+  } cases[] = {{"abcdef", 3, "abc"}, {"ab", 5, "ab   "}, {"abc", 0, "abc"},
+               {"", 0, ""},          {nullptr, 2, "  "}, {"abc", -1, ""}};
+  for (const auto& c : cases) {
+    StreamFile stream("");
+    EXPECT_EQ(QnUtil_PutString(stream.stream, c.text, c.width), 0);
+    std::fflush(stream.stream);
+    EXPECT_EQ(read_file(stream.dir.file("s")), c.written) << c.text << " " << c.width;
+  }
+}
 
-INSTANTIATE_TEST_SUITE_P(
-    Fields, GetStringTest,
-    ::testing::Values(
-        GetCase{"", 10, {{-1, ""}}}, GetCase{"x", 10, {{0, "x"}, {-1, ""}}},
-        GetCase{"abc\ndef", 10, {{0, "abc"}, {0, "def"}, {-1, ""}}},
-        // The line feed after a carriage return is kept, once.
-        GetCase{"abc\r\ndef\r\n", 10, {{0, "abc\n"}, {0, "def\n"}, {-1, ""}}},
-        GetCase{"ab\rcd", 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
-        // A carriage return at the end pushes back 0xFF.
-        GetCase{"ab\r", 10, {{0, "ab"}, {0, "\xFF"}, {-1, ""}}},
-        GetCase{"ab\0cd"s, 10, {{0, "ab"}, {0, "cd"}}},
-        GetCase{"ab\r\0cd"s, 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
-        GetCase{"abcdefg\n", 3, {{0, "abc"}, {0, "def"}, {0, "g"}, {-1, ""}}},
-        GetCase{"abc\n", 3, {{0, "abc"}, {0, ""}, {-1, ""}}},
-        GetCase{"\n\n", 5, {{0, ""}, {0, ""}, {-1, ""}}}));
-
-TEST(GetString, RejectsBadArgumentsWithoutTouchingTheBuffer) {
+TEST(StreamFields, RejectBadArgumentsAndWriteErrors) {
   StreamFile stream("abc");
   char buf[4] = "zz";
   EXPECT_EQ(QnUtil_GetString(nullptr, 3, buf), -1);
@@ -220,30 +201,7 @@ TEST(GetString, RejectsBadArgumentsWithoutTouchingTheBuffer) {
   EXPECT_EQ(QnUtil_GetString(stream.stream, -5, buf), -1);
   EXPECT_STREQ(buf, "zz");
   EXPECT_EQ(QnUtil_GetString(stream.stream, 3, nullptr), -1);
-}
-
-struct PutCase {
-  const char* text;
-  int width;
-  std::string written;
-};
-
-class PutStringTest : public ::testing::TestWithParam<PutCase> {};
-
-TEST_P(PutStringTest, WritesAFixedWidthField) {
-  StreamFile stream("");
-  EXPECT_EQ(QnUtil_PutString(stream.stream, GetParam().text, GetParam().width), 0);
-  EXPECT_EQ(stream.contents(), GetParam().written);
-}
-
-INSTANTIATE_TEST_SUITE_P(Widths, PutStringTest,
-                         ::testing::Values(PutCase{"abcdef", 3, "abc"}, PutCase{"ab", 5, "ab   "},
-                                           PutCase{"abc", 0, "abc"}, PutCase{"", 0, ""},
-                                           PutCase{nullptr, 2, "  "}, PutCase{"abc", -1, ""}));
-
-TEST(PutString, FailsOnNullStreamAndOnWriteErrors) {
   EXPECT_EQ(QnUtil_PutString(nullptr, "a", 1), -1);
-  StreamFile stream("existing");
   std::FILE* read_only = std::fopen(stream.dir.file("s").c_str(), "rb");
   ASSERT_NE(read_only, nullptr);
   EXPECT_EQ(QnUtil_PutString(read_only, "abc", 5), -1);

@@ -54,8 +54,7 @@ class MbSearch : public ::testing::Test {
     set_mb(saved_mb_ ? saved_mb_->c_str() : nullptr);
   }
 
-  void use_mb_folder() { set_mb(mb_folder().c_str()); }
-  std::string mb_folder() const { return mb_.path().string(); }
+  void use_mb_folder() { set_mb(mb_.path().string().c_str()); }
 
   // A configuration file mb.ini in the current folder with one section.
   std::string write_configuration(const std::string& section_body) {
@@ -77,8 +76,12 @@ class MbSearch : public ::testing::Test {
   std::optional<std::string> saved_mb_;
 };
 
-// The current folder's candidate is joined as it stands, not composed.
+// The current folder's candidate is joined as it stands, not composed; the
+// root of the system drive is the last place.
 TEST_F(MbSearch, HigherNumberedNameWinsBeforeThePlace) {
+  const std::string root_file = std::string(kRoot) + "mb.ini";
+  write_file(root_file, "");
+  if (fs::exists(root_file)) EXPECT_EQ(configuration_file(), root_file);
   write_file(work_.file("mb.ini"), "");
   write_file(mb_.file("mb.ini"), "");
   use_mb_folder();
@@ -86,14 +89,7 @@ TEST_F(MbSearch, HigherNumberedNameWinsBeforeThePlace) {
   write_file(work_.file("mb3.ini"), "");
   EXPECT_EQ(configuration_file(), cwd_ + kSep + "mb3.ini");
   write_file(mb_.file("mb5.ini"), "");
-  EXPECT_EQ(configuration_file(), makepath(mb_folder(), "mb5.ini"));
-}
-
-TEST_F(MbSearch, RootOfTheSystemDriveIsTheLastPlace) {
-  const std::string root_file = std::string(kRoot) + "mb.ini";
-  write_file(root_file, "");
-  if (!fs::exists(root_file)) GTEST_SKIP() << kRoot << " is not writable";
-  EXPECT_EQ(configuration_file(), root_file);
+  EXPECT_EQ(configuration_file(), makepath(mb_.path().string(), "mb5.ini"));
   fs::remove(root_file);
 }
 
@@ -108,48 +104,43 @@ TEST_F(MbSearch, MissingConfigurationIsReported) {
   EXPECT_EQ(capture.boxes()[0].caption, "MESSAGE in \"qnutilmisc\" line 75:");
 }
 
-TEST_F(MbSearch, FindsTheFileItselfInTheCurrentOrMbFolder) {
+// The file itself in the current or MB folder; else the folders listed
+// under the key in order (a missing key reads as "_TheDefault_", looked up
+// as a folder like any value); without section or key the configuration
+// file itself.
+TEST_F(MbSearch, FindsFilesThroughTheConfiguration) {
+  ScratchDir first, second, third;
   write_file(work_.file("Here.dat"), "");
   write_file(mb_.file("there.dat"), "");
-  use_mb_folder();
-  char out[QNUTIL_PATH_SIZE];
-  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "Here.dat", out), 0);
-  EXPECT_EQ(std::string(out), makepath(cwd_, "Here.dat"));
-  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "there.dat", out), 0);
-  EXPECT_EQ(std::string(out), makepath(mb_folder(), "there.dat"));
-}
-
-TEST_F(MbSearch, SearchesTheListedFoldersInOrder) {
-  ScratchDir first, second, third;
   write_file(second.file("wanted.dat"), "2");
   write_file(third.file("wanted.dat"), "3");
-  write_configuration("liste=" + first.path().string() + ";;" + second.path().string() + ";" +
-                      third.path().string() + "\r\nleer=\r\n");
-  char out[QNUTIL_PATH_SIZE];
-  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "wanted.dat", out), 0);
-  EXPECT_EQ(std::string(out), makepath(second.path().string(), "wanted.dat"));
-  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "absent.dat", out), -1);
-  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "leer", "wanted.dat", out), -1);
-}
-
-TEST_F(MbSearch, WithoutSectionOrKeyAnswersTheConfigurationFile) {
-  const std::string configuration = write_configuration("");
-  char out[QNUTIL_PATH_SIZE];
-  for (const char* section : {static_cast<const char*>(nullptr), "", "Pfade"}) {
-    const char* key = section != nullptr && *section != '\0' ? "" : "liste";
-    EXPECT_EQ(QnUtil_MB_SucheDatei(section, key, "absent.dat", out), 0);
-    EXPECT_EQ(std::string(out), makepath("", configuration));
-  }
-}
-
-// A missing key reads as "_TheDefault_", looked up as a folder like any value.
-TEST_F(MbSearch, MissingKeySearchesTheMarkerFolder) {
-  write_configuration("");
   fs::create_directory(work_.path() / "_TheDefault_");
   write_file(work_.file("_TheDefault_/inside.dat"), "");
-  char out[QNUTIL_PATH_SIZE];
-  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "fehlt", "inside.dat", out), 0);
-  EXPECT_EQ(std::string(out), makepath("_TheDefault_", "inside.dat"));
+  const std::string configuration =
+      write_configuration("liste=" + first.path().string() + ";;" + second.path().string() + ";" +
+                          third.path().string() + "\r\nleer=\r\n");
+  use_mb_folder();
+  const struct {
+    const char* section;
+    const char* key;
+    const char* file;
+    std::string expected;  // "-1" when not found
+  } cases[] = {
+      {"Pfade", "liste", "Here.dat", makepath(cwd_, "Here.dat")},
+      {"Pfade", "liste", "there.dat", makepath(mb_.path().string(), "there.dat")},
+      {"Pfade", "liste", "wanted.dat", makepath(second.path().string(), "wanted.dat")},
+      {"Pfade", "liste", "absent.dat", "-1"},
+      {"Pfade", "leer", "wanted.dat", "-1"},
+      {"Pfade", "fehlt", "inside.dat", makepath("_TheDefault_", "inside.dat")},
+      {nullptr, "liste", "absent.dat", makepath("", configuration)},
+      {"", "liste", "absent.dat", makepath("", configuration)},
+      {"Pfade", "", "absent.dat", makepath("", configuration)}};
+  for (const auto& c : cases) {
+    char out[QNUTIL_PATH_SIZE];
+    const int result = QnUtil_MB_SucheDatei(c.section, c.key, c.file, out);
+    EXPECT_EQ(result == 0 ? std::string(out) : std::to_string(result), c.expected)
+        << (c.section ? c.section : "null") << " " << c.key << " " << c.file;
+  }
 }
 
 TEST_F(MbSearch, ReadsAFolderFromTheConfiguration) {
@@ -174,41 +165,32 @@ TEST_F(MbSearch, ReadsAFolderFromTheConfiguration) {
   EXPECT_EQ(QnUtil_MB_SuchePfad("Pfade", "daten", nullptr), -1);
 }
 
-struct ReadCase {
-  const char* key;
-  int len;
-  int result;
-  int len_after;
-  std::string written;  // bytes written to the start of the buffer
-};
-
-class MbIniReadString : public ::testing::TestWithParam<ReadCase> {};
-
-TEST_P(MbIniReadString, CopiesOrReportsTheLength) {
-  ScratchDir dir;
-  write_file(dir.file("x.ini"), "[S]\r\nnine=123456789\r\nempty=\r\n");
-  const ReadCase& c = GetParam();
-  constexpr std::size_t kBufferSize = 24;
-  std::string buf(kBufferSize, '#');
-  int len = c.len;
-  EXPECT_EQ(QnUtil_MB_IniReadString(dir.file("x.ini").c_str(), "S", c.key, buf.data(), &len), c.result);
-  EXPECT_EQ(len, c.len_after);
-  EXPECT_EQ(buf, c.written + std::string(kBufferSize - c.written.size(), '#'));
-}
-
 using namespace std::string_literals;
 
-INSTANTIATE_TEST_SUITE_P(
-    Lengths, MbIniReadString,
-    ::testing::Values(
-        // No room for more: the length is reported and the value still copied.
-        ReadCase{"nine", 10, 0, 9, "123456789\0"s}, ReadCase{"nine", 5, 0, 9, "123456789\0"s},
-        // Room to spare: the len - 1 bytes are zero-filled.
-        ReadCase{"nine", 12, 0, 12, "123456789\0\0"s},
-        ReadCase{"missing", 20, 0, 20, "_TheDefault_\0\0\0\0\0\0\0"s},
-        ReadCase{"empty", 12, 6, 12, ""}));
-
-TEST(MbIniReadStringArguments, NullsFail) {
+TEST(MbIniReadString, CopiesOrReportsTheLength) {
+  ScratchDir dir;
+  write_file(dir.file("x.ini"), "[S]\r\nnine=123456789\r\nempty=\r\n");
+  const struct {
+    const char* key;
+    int len;
+    int result;
+    int len_after;
+    std::string written;  // bytes written to the start of the buffer
+  } cases[] = {
+      // No room for more: the length is reported and the value still copied.
+      {"nine", 10, 0, 9, "123456789\0"s}, {"nine", 5, 0, 9, "123456789\0"s},
+      // Room to spare: the len - 1 bytes are zero-filled.
+      {"nine", 12, 0, 12, "123456789\0\0"s},
+      {"missing", 20, 0, 20, "_TheDefault_\0\0\0\0\0\0\0"s},
+      {"empty", 12, 6, 12, ""}};
+  for (const auto& c : cases) {
+    std::string buf(24, '#');
+    int len = c.len;
+    EXPECT_EQ(QnUtil_MB_IniReadString(dir.file("x.ini").c_str(), "S", c.key, buf.data(), &len), c.result)
+        << c.key;
+    EXPECT_EQ(len, c.len_after) << c.key << " " << c.len;
+    EXPECT_EQ(buf, c.written + std::string(24 - c.written.size(), '#')) << c.key << " " << c.len;
+  }
   char buf[8];
   int len = 8;
   EXPECT_EQ(QnUtil_MB_IniReadString(nullptr, "S", "k", buf, &len), -1);

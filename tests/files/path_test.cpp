@@ -100,42 +100,27 @@ TEST(Makepath, NullOutputWritesNothingAndOverlongResultIsCut) {
   EXPECT_EQ(out[QNUTIL_PATH_SIZE], 'x');
 }
 
-struct DivideCase {
-  const char* path;
-  const char* drive;
-  const char* dir;
-  const char* name;
-};
-
-class DivideTest : public ::testing::TestWithParam<DivideCase> {};
-
-TEST_P(DivideTest, SplitsIntoThreePieces) {
-  const DivideCase& c = GetParam();
-  std::string path, dir, name;
-  char drive_out[QNUTIL_DRIVE_SIZE], dir_out[QNUTIL_FOLDER_SIZE], name_out[QNUTIL_NAME_SIZE];
-  EXPECT_EQ(QnUtil_Divide(native(c.path, path), drive_out, dir_out, name_out), 0);
-  EXPECT_STREQ(drive_out, c.drive);
-  EXPECT_STREQ(dir_out, native(c.dir, dir));
-  EXPECT_STREQ(name_out, native(c.name, name));
-}
-
-using D = DivideCase;
-INSTANTIATE_TEST_SUITE_P(Pieces, DivideTest,
-                         ::testing::Values(D{"", "", "", ""}, D{"f.txt", "", "", "f.txt"},
-                                           D{"/a/b/f.tar.gz", "", "/a/b/", "f.tar.gz"},
-                                           D{"a/b/", "", "a/b/", ""}, D{".profile", "", "", ".profile"},
-                                           D{"a.d/noext", "", "a.d/", "noext"}));
-
-TEST(Divide, NullPathGivesEmptyPiecesAndCutsLongOnes) {
-  char drive[QNUTIL_DRIVE_SIZE] = "x", dir[QNUTIL_FOLDER_SIZE] = "x", name[QNUTIL_NAME_SIZE] = "x";
-  EXPECT_EQ(QnUtil_Divide(nullptr, drive, dir, name), 0);
-  EXPECT_STREQ(drive, "");
-  EXPECT_STREQ(dir, "");
-  EXPECT_STREQ(name, "");
-  const std::string longPath = std::string(400, 'd') + kSep + std::string(400, 'n');
-  EXPECT_EQ(QnUtil_Divide(longPath.c_str(), drive, dir, name), 0);
-  EXPECT_EQ(std::string(dir), std::string(QNUTIL_FOLDER_SIZE - 1, 'd'));
-  EXPECT_EQ(std::string(name), std::string(QNUTIL_NAME_SIZE - 1, 'n'));
+// Pieces are cut to their buffers; a null path gives empty pieces.
+TEST(Divide, SplitsIntoThreePieces) {
+  const std::string long_path = std::string(400, 'd') + "/" + std::string(400, 'n');
+  const std::string long_dir(QNUTIL_FOLDER_SIZE - 1, 'd'), long_name(QNUTIL_NAME_SIZE - 1, 'n');
+  const struct {
+    const char* path;
+    const char* dir;
+    const char* name;
+  } cases[] = {{nullptr, "", ""},         {"", "", ""},
+               {"f.txt", "", "f.txt"},    {"/a/b/f.tar.gz", "/a/b/", "f.tar.gz"},
+               {"a/b/", "a/b/", ""},      {".profile", "", ".profile"},
+               {"a.d/noext", "a.d/", "noext"}, {long_path.c_str(), long_dir.c_str(), long_name.c_str()}};
+  for (const auto& c : cases) {
+    std::string path, dir, name;
+    char drive_out[QNUTIL_DRIVE_SIZE] = "x", dir_out[QNUTIL_FOLDER_SIZE] = "x";
+    char name_out[QNUTIL_NAME_SIZE] = "x";
+    EXPECT_EQ(QnUtil_Divide(native(c.path, path), drive_out, dir_out, name_out), 0);
+    EXPECT_STREQ(drive_out, "") << c.path;
+    EXPECT_STREQ(dir_out, native(c.dir, dir)) << c.path;
+    EXPECT_STREQ(name_out, native(c.name, name)) << c.path;
+  }
 }
 
 #ifdef _WIN32
