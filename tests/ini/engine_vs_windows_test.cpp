@@ -81,17 +81,14 @@ void PrintTo(const Answer& answer, std::ostream* out) {
   *out << answer.result << " \"" << testing::PrintToString(answer.buffer) << "\"";
 }
 
-Answer windows_string(const char* section, const char* key, const char* fallback, DWORD size,
-                      const std::string& file) {
-  std::string buffer(size + 4, '\x7f');
-  const DWORD result = GetPrivateProfileStringA(section, key, fallback, buffer.data(), size, file.c_str());
-  return {result, buffer};
-}
+enum Source { kWindows, kEngine };
 
-Answer engine_string(const char* section, const char* key, const char* fallback, DWORD size,
-                     const std::string& file) {
+Answer ask(Source source, const char* section, const char* key, const char* fallback, DWORD size,
+           const std::string& file) {
   std::string buffer(size + 4, '\x7f');
-  const DWORD result = profile_get_string(section, key, fallback, buffer.data(), size, file.c_str());
+  const DWORD result = source == kEngine
+      ? profile_get_string(section, key, fallback, buffer.data(), size, file.c_str())
+      : GetPrivateProfileStringA(section, key, fallback, buffer.data(), size, file.c_str());
   return {result, buffer};
 }
 
@@ -108,26 +105,26 @@ TEST(EngineVsWindows, ValuesIntegersAndLists) {
                                   generate.pick<std::string>({"", " "});
       const std::string key = generate.name() + generate.pick<std::string>({"", " "});
       const DWORD size = static_cast<DWORD>(generate.pick<int>({1, 4, 64}));
-      const Answer expected = windows_string(section.c_str(), key.c_str(), "dflt  ", size, path);
-      const Answer whole = windows_string(section.c_str(), key.c_str(), "dflt  ", 64, path);
+      const Answer expected = ask(kWindows, section.c_str(), key.c_str(), "dflt  ", size, path);
+      const Answer whole = ask(kWindows, section.c_str(), key.c_str(), "dflt  ", 64, path);
       // Wine cuts quoted values one character early, which Windows is not
       // known to do: only plain prefixes are compared.
       if (expected.result == std::min<DWORD>(whole.result, size - 1)) {
-        EXPECT_EQ(engine_string(section.c_str(), key.c_str(), "dflt  ", size, path), expected)
+        EXPECT_EQ(ask(kEngine, section.c_str(), key.c_str(), "dflt  ", size, path), expected)
             << section << "/" << key << " size " << size;
       }
       EXPECT_EQ(profile_get_int(section.c_str(), key.c_str(), 5, path.c_str()),
                 GetPrivateProfileIntA(section.c_str(), key.c_str(), 5, path.c_str()))
           << section << "/" << key;
-      const Answer keys = windows_string(section.c_str(), nullptr, "", 512, path);
+      const Answer keys = ask(kWindows, section.c_str(), nullptr, "", 512, path);
       if (keys.result > 0) {
-        EXPECT_EQ(engine_string(section.c_str(), nullptr, "", 512, path), keys) << section;
+        EXPECT_EQ(ask(kEngine, section.c_str(), nullptr, "", 512, path), keys) << section;
       }
     }
-    EXPECT_EQ(engine_string(nullptr, nullptr, "", 512, path),
-              windows_string(nullptr, nullptr, "", 512, path));
-    const Answer cut = windows_string(nullptr, nullptr, "", 12, path);
-    EXPECT_EQ(engine_string(nullptr, nullptr, "", 12, path).result, cut.result);
+    EXPECT_EQ(ask(kEngine, nullptr, nullptr, "", 512, path),
+              ask(kWindows, nullptr, nullptr, "", 512, path));
+    const Answer cut = ask(kWindows, nullptr, nullptr, "", 12, path);
+    EXPECT_EQ(ask(kEngine, nullptr, nullptr, "", 12, path).result, cut.result);
   }
 }
 

@@ -1,103 +1,159 @@
 // The engine's write side: exact file images after each edit, as Windows
-// produces them.
+// produces them, and the file-level rules on real files (cache
+// invalidation, atomic replacement, missing files and folders).
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
 #include "ini/ini_text.h"
 #include "ini/profile_edit.h"
+#include "ini/profile_engine.h"
+#include "support/test_support.h"
 
 namespace qnutil::ini {
 namespace {
 
+namespace fs = std::filesystem;
 using namespace std::string_literals;
+using qnutil_test::read_file;
+using qnutil_test::write_file;
 
 struct Put {
-  const char* section;
-  const char* key;
-  const char* value;
+  const char *section, *key, *value;
 };
 
-struct WriteCase {
-  const char* rule;
-  std::string before;
-  std::vector<Put> puts;
-  std::string after;
-};
-
-class WriteRule : public testing::TestWithParam<WriteCase> {};
-
-TEST_P(WriteRule, GivesTheWindowsFileImage) {
-  const WriteCase& c = GetParam();
-  std::string bytes = c.before;
-  for (const Put& put : c.puts) bytes = edit_profile(IniText(bytes), put.section, put.key, put.value);
-  EXPECT_EQ(bytes, c.after) << c.rule;
+TEST(WriteRules, GiveTheWindowsFileImage) {
+  const struct {
+    const char* rule;
+    std::string before;
+    std::vector<Put> puts;
+    std::string after;
+  } rows[] = {
+      {"new file", "", {{"App", "key", "val"}}, "[App]\r\nkey=val\r\n"},
+      {"empty value", "", {{"App", "key", ""}}, "[App]\r\nkey=\r\n"},
+      {"new section appended without blank line", "[App2]\r\nkey4=string4\r\n",
+       {{"App3", "key5", "string5"}}, "[App2]\r\nkey4=string4\r\n[App3]\r\nkey5=string5\r\n"},
+      {"missing final break added first, NULs kept", "Data \0 before \0 first \0 section"s,
+       {{"section1", "key1", "string1"}},
+       "Data \0 before \0 first \0 section\r\n[section1]\r\nkey1=string1\r\n"s},
+      {"new keys after the last key, before trailing comments",
+       ";comment0\r\n[S]\r\n;comment1\r\nb=value\r\n;comment2\r\na=value\r\n",
+       {{"S", "z", ""}, {"S", ";x", ""}, {"S", "y", ""}, {"S", "a", ""}, {"S", "b", ""}},
+       ";comment0\r\n[S]\r\n;comment1\r\nb=\r\n;comment2\r\na=\r\nz=\r\ny=\r\n;x=\r\n"},
+      {"comment keys pile up after the last key", "",
+       {{"S", "z", ""}, {"S", ";y", ""}, {"S", "a", ""}, {"S", ";b", ""}, {"S", ";c", ""}},
+       "[S]\r\nz=\r\na=\r\n;c=\r\n;b=\r\n;y=\r\n"},
+      {"new key in a section followed by another", "[a]\r\nx=1\r\n\r\n[b]\r\ny=2\r\n",
+       {{"A", "new", "3"}}, "[a]\r\nx=1\r\nnew=3\r\n\r\n[b]\r\ny=2\r\n"},
+      {"new key in an empty section", "[a]\r\n[b]\r\n", {{"a", "k", "v"}}, "[a]\r\nk=v\r\n[b]\r\n"},
+      {"new key after a last line without break", "[a]\r\nx=1", {{"a", "k", "v"}}, "[a]\r\nx=1\r\nk=v\r\n"},
+      {"new key after a header without break", "[a]", {{"a", "k", "v"}}, "[a]\r\nk=v\r\n"},
+      {"replacement keeps the spelling", "[App]\r\nkey=old\r\n", {{"APP", "KEY", "new"}},
+       "[App]\r\nkey=new\r\n"},
+      {"replacement adds the missing break", "[S]\r\nTestKey=TestValue",
+       {{"S", "TestKey", "TestValue2"}}, "[S]\r\nTestKey=TestValue2\r\n"},
+      {"replacement keeps the line's own break and spacing", "[S]\nk = old value  \nj=1\n",
+       {{"S", "k", "new"}}, "[S]\nk = new\nj=1\n"},
+      {"only the first duplicate replaced", "[a]\r\nx=1\r\nx=2\r\n", {{"a", "x", "9"}},
+       "[a]\r\nx=9\r\nx=2\r\n"},
+      {"value verbatim", "", {{"S", "K", " value "}}, "[S]\r\nK= value \r\n"},
+      {"names lose spaces only", "", {{" sec ", " key ", "v"}, {"\tsec\t", "k", "v"}},
+       "[sec]\r\nkey=v\r\n[\tsec\t]\r\nk=v\r\n"},
+      {"special characters literal", "", {{"s;]", "a=b", "c"}}, "[s;]]\r\na=b=c\r\n"},
+      {"a line without = gains its value", "[s]\r\nbare  \r\nk=1\r\n", {{"s", "BARE", "v"}},
+       "[s]\r\nbare=v\r\nk=1\r\n"},
+      {"delete a key keeps the header", "[App3]\r\nkey5=string5\r\n", {{"App3", "key5", nullptr}},
+       "[App3]\r\n"},
+      {"delete the first duplicate only", "[a]\r\nx=1\r\nx=2\r\n", {{"a", "x", nullptr}}, "[a]\r\nx=2\r\n"},
+      {"delete missing key or section", "[a]\r\nx=1\r\n",
+       {{"a", "y", nullptr}, {"b", "x", nullptr}, {"b", nullptr, nullptr}}, "[a]\r\nx=1\r\n"},
+      {"a comment survives deletion", "[S]\r\n;key=v\r\n", {{"S", ";key", nullptr}}, "[S]\r\n;key=v\r\n"},
+      {"delete a section, value ignored",
+       "[App1]\r\nkey1=string1\r\nkey2=string2\r\n[App2]\r\nkey3=string3\r\n",
+       {{"App1", nullptr, "string1"}}, "[App2]\r\nkey3=string3\r\n"},
+      {"deleted sections leave their comments", ";comment0\r\n[S]\r\n;comment1\r\n[S2]\r\n;comment2\r\n",
+       {{"S", nullptr, nullptr}, {"S2", nullptr, nullptr}}, ";comment0\r\n;comment1\r\n;comment2\r\n"},
+      {"untouched lines byte for byte", "top=1\n[a]  trailing\n\n  x = 1 \n; note\r\n[b\ny=2\0z\r\n"s,
+       {{"a", "x", "2"}}, "top=1\n[a]  trailing\n\n  x = 2\n; note\r\n[b\ny=2\0z\r\n"s}};
+  for (const auto& row : rows) {
+    std::string bytes = row.before;
+    for (const Put& put : row.puts) bytes = edit_profile(IniText(bytes), put.section, put.key, put.value);
+    EXPECT_EQ(bytes, row.after) << row.rule;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Windows, WriteRule,
-    testing::Values(
-        WriteCase{"new file", "", {{"App", "key", "val"}}, "[App]\r\nkey=val\r\n"},
-        WriteCase{"empty value", "", {{"App", "key", ""}}, "[App]\r\nkey=\r\n"},
-        WriteCase{"new section appended without blank line",
-                  "[App2]\r\nkey4=string4\r\n",
-                  {{"App3", "key5", "string5"}},
-                  "[App2]\r\nkey4=string4\r\n[App3]\r\nkey5=string5\r\n"},
-        WriteCase{"missing final break added first, NULs kept",
-                  "Data \0 before \0 first \0 section"s,
-                  {{"section1", "key1", "string1"}},
-                  "Data \0 before \0 first \0 section\r\n[section1]\r\nkey1=string1\r\n"s},
-        WriteCase{"new keys after the last key, before trailing comments",
-                  ";comment0\r\n[S]\r\n;comment1\r\nb=value\r\n;comment2\r\na=value\r\n",
-                  {{"S", "z", ""}, {"S", ";x", ""}, {"S", "y", ""}, {"S", "a", ""}, {"S", "b", ""}},
-                  ";comment0\r\n[S]\r\n;comment1\r\nb=\r\n;comment2\r\na=\r\nz=\r\ny=\r\n;x=\r\n"},
-        WriteCase{"comment keys pile up after the last key",
-                  "",
-                  {{"S", "z", ""}, {"S", ";y", ""}, {"S", "a", ""}, {"S", ";b", ""}, {"S", ";c", ""}},
-                  "[S]\r\nz=\r\na=\r\n;c=\r\n;b=\r\n;y=\r\n"},
-        WriteCase{"new key in a section followed by another", "[a]\r\nx=1\r\n\r\n[b]\r\ny=2\r\n",
-                  {{"A", "new", "3"}}, "[a]\r\nx=1\r\nnew=3\r\n\r\n[b]\r\ny=2\r\n"},
-        WriteCase{"new key in an empty section", "[a]\r\n[b]\r\n",
-                  {{"a", "k", "v"}}, "[a]\r\nk=v\r\n[b]\r\n"},
-        WriteCase{"new key after a last line without break", "[a]\r\nx=1",
-                  {{"a", "k", "v"}}, "[a]\r\nx=1\r\nk=v\r\n"},
-        WriteCase{"new key after a header without break", "[a]", {{"a", "k", "v"}}, "[a]\r\nk=v\r\n"},
-        WriteCase{"replacement keeps the spelling", "[App]\r\nkey=old\r\n",
-                  {{"APP", "KEY", "new"}}, "[App]\r\nkey=new\r\n"},
-        WriteCase{"replacement adds the missing break", "[S]\r\nTestKey=TestValue",
-                  {{"S", "TestKey", "TestValue2"}}, "[S]\r\nTestKey=TestValue2\r\n"},
-        WriteCase{"replacement keeps the line's own break and spacing", "[S]\nk = old value  \nj=1\n",
-                  {{"S", "k", "new"}}, "[S]\nk = new\nj=1\n"},
-        WriteCase{"only the first duplicate replaced", "[a]\r\nx=1\r\nx=2\r\n",
-                  {{"a", "x", "9"}}, "[a]\r\nx=9\r\nx=2\r\n"},
-        WriteCase{"value verbatim", "", {{"S", "K", " value "}}, "[S]\r\nK= value \r\n"},
-        WriteCase{"names lose spaces only", "", {{" sec ", " key ", "v"}, {"\tsec\t", "k", "v"}},
-                  "[sec]\r\nkey=v\r\n[\tsec\t]\r\nk=v\r\n"},
-        WriteCase{"special characters literal", "", {{"s;]", "a=b", "c"}}, "[s;]]\r\na=b=c\r\n"},
-        WriteCase{"a line without = gains its value", "[s]\r\nbare  \r\nk=1\r\n",
-                  {{"s", "BARE", "v"}}, "[s]\r\nbare=v\r\nk=1\r\n"},
-        WriteCase{"delete a key keeps the header", "[App3]\r\nkey5=string5\r\n",
-                  {{"App3", "key5", nullptr}}, "[App3]\r\n"},
-        WriteCase{"delete the first duplicate only", "[a]\r\nx=1\r\nx=2\r\n",
-                  {{"a", "x", nullptr}}, "[a]\r\nx=2\r\n"},
-        WriteCase{"delete missing key or section", "[a]\r\nx=1\r\n",
-                  {{"a", "y", nullptr}, {"b", "x", nullptr}, {"b", nullptr, nullptr}}, "[a]\r\nx=1\r\n"},
-        WriteCase{"a comment survives deletion", "[S]\r\n;key=v\r\n",
-                  {{"S", ";key", nullptr}}, "[S]\r\n;key=v\r\n"},
-        WriteCase{"delete a section, value ignored",
-                  "[App1]\r\nkey1=string1\r\nkey2=string2\r\n[App2]\r\nkey3=string3\r\n",
-                  {{"App1", nullptr, "string1"}},
-                  "[App2]\r\nkey3=string3\r\n"},
-        WriteCase{"deleted sections leave their comments",
-                  ";comment0\r\n[S]\r\n;comment1\r\n[S2]\r\n;comment2\r\n",
-                  {{"S", nullptr, nullptr}, {"S2", nullptr, nullptr}},
-                  ";comment0\r\n;comment1\r\n;comment2\r\n"},
-        WriteCase{"untouched lines byte for byte",
-                  "top=1\n[a]  trailing\n\n  x = 1 \n; note\r\n[b\ny=2\0z\r\n"s,
-                  {{"a", "x", "2"}},
-                  "top=1\n[a]  trailing\n\n  x = 2\n; note\r\n[b\ny=2\0z\r\n"s}),
-    [](const testing::TestParamInfo<WriteCase>& info) { return "rule" + std::to_string(info.index); });
+std::string get(const std::string& file, const char* section, const char* key) {
+  char buffer[256];
+  profile_get_string(section, key, "<default>", buffer, sizeof buffer, file.c_str());
+  return buffer;
+}
+
+bool put(const std::string& file, const char* section, const char* key, const char* value) {
+  return profile_write_string(section, key, value, file.c_str());
+}
+
+class EngineFile : public testing::Test {
+ protected:
+  qnutil_test::ScratchDir dir_;
+  std::string path_ = dir_.file("a.ini");
+};
+
+TEST_F(EngineFile, SeesOutsideChanges) {
+  write_file(path_, "[s]\r\nk=one\r\n");
+  EXPECT_EQ(get(path_, "s", "k"), "one");
+  write_file(path_ + ".tmp", "[s]\r\nk=two\r\n");
+  fs::rename(path_ + ".tmp", path_);  // how editors save: same size, another file
+  EXPECT_EQ(get(path_, "s", "k"), "two");
+  write_file(path_, "[s]\r\nk=three\r\n");  // rewritten in place
+  EXPECT_EQ(get(path_, "s", "k"), "three");
+  fs::remove(path_);
+  EXPECT_EQ(get(path_, "s", "k"), "<default>");
+}
+
+TEST_F(EngineFile, WriteIsVisibleAtOnceAndOnDisk) {
+  ASSERT_TRUE(put(path_, "s", "k", "v"));
+  EXPECT_EQ(read_file(path_), "[s]\r\nk=v\r\n");
+  ASSERT_TRUE(put(path_, "s", "k", "w"));
+  EXPECT_EQ(get(path_, "s", "k"), "w");
+  // No temporary file is left behind.
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir_.path()), fs::directory_iterator()), 1);
+  write_file(path_, "[s]\nk=v\nn=-3\n");
+  EXPECT_TRUE(put(path_, "s", "k", "v"));  // unchanged: the file stays as it is
+  EXPECT_EQ(read_file(path_), "[s]\nk=v\nn=-3\n");
+  EXPECT_EQ(profile_get_int("s", "n", 0, path_.c_str()), 4294967293u);
+  EXPECT_EQ(profile_get_int("s", "n", 9, dir_.file("missing.ini").c_str()), 9u);
+}
+
+// Deleting in a missing file creates an empty file; everything else
+// refused creates nothing.
+TEST_F(EngineFile, RefusedWritesCreateNothing) {
+  EXPECT_FALSE(put(dir_.file("no/such/dir/x.ini"), "s", "k", "v"));
+  EXPECT_FALSE(fs::exists(dir_.path() / "no"));
+  EXPECT_FALSE(put(path_, nullptr, "k", "v"));
+  EXPECT_FALSE(put(path_, nullptr, nullptr, nullptr));
+  EXPECT_FALSE(fs::exists(path_));
+  EXPECT_EQ(get(dir_.path().string(), "s", "k"), "<default>");
+  EXPECT_FALSE(put(dir_.path().string(), "s", "k", "v"));
+  EXPECT_EQ(get("", "s", "k"), "<default>");
+  EXPECT_FALSE(put("", "s", "k", "v"));
+  for (const char* key : {"k", static_cast<const char*>(nullptr)}) {
+    const std::string file = dir_.file(key ? "k.ini" : "s.ini");
+    EXPECT_TRUE(put(file, "s", key, nullptr));
+    ASSERT_TRUE(fs::exists(file));
+    EXPECT_EQ(fs::file_size(file), 0u);
+  }
+}
+
+TEST_F(EngineFile, ReadOnlyFileIsNotReplaced) {
+  write_file(path_, "[s]\r\nk=v\r\n");
+  fs::permissions(path_, fs::perms::owner_read | fs::perms::group_read);
+  if (std::ofstream(path_, std::ios::app)) GTEST_SKIP() << "permissions do not apply to this user";
+  EXPECT_FALSE(put(path_, "s", "k", "w"));
+  EXPECT_EQ(read_file(path_), "[s]\r\nk=v\r\n");
+}
 
 }  // namespace
 }  // namespace qnutil::ini

@@ -24,16 +24,11 @@ const char kClassKey[] = "Software\\Classes\\CLSID\\{9BA593B7-2640-493B-AA8A-B3D
 void unregister_calculator() { RegDeleteTreeA(HKEY_LOCAL_MACHINE, kClassKey); }
 
 bool register_calculator(const std::string& server) {
-  HKEY key = nullptr;
-  const std::string path = std::string(kClassKey) + "\\InprocServer32";
-  if (RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key,
-                      nullptr) != ERROR_SUCCESS)
-    return false;
-  RegSetValueExA(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(server.c_str()),
-                 static_cast<DWORD>(server.size() + 1));
-  RegSetValueExA(key, "ThreadingModel", 0, REG_SZ, reinterpret_cast<const BYTE*>("Both"), 5);
-  RegCloseKey(key);
-  return true;
+  const std::string key = std::string(kClassKey) + "\\InprocServer32";
+  return RegSetKeyValueA(HKEY_LOCAL_MACHINE, key.c_str(), nullptr, REG_SZ, server.c_str(),
+                         static_cast<DWORD>(server.size() + 1)) == ERROR_SUCCESS &&
+         RegSetKeyValueA(HKEY_LOCAL_MACHINE, key.c_str(), "ThreadingModel", REG_SZ, "Both", 5) ==
+             ERROR_SUCCESS;
 }
 #endif
 
@@ -62,7 +57,7 @@ TEST(CalculatorMissing, EveryCallShowsTheNoticeAndDoesNothing) {
 class CalculatorConnected : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    const std::string dll = (system_test::program_directory() / "qnutil_calc_fixture.dll").string();
+    const std::string dll = system_test::sibling("qnutil_calc_fixture.dll");
     ASSERT_TRUE(register_calculator(dll));
     const HMODULE module = LoadLibraryA(dll.c_str());
     ASSERT_NE(module, nullptr);
@@ -88,12 +83,6 @@ class CalculatorConnected : public testing::Test {
   MessageCapture capture_;
 };
 
-std::wstring wide(const char* ansi) {
-  wchar_t buffer[256];
-  MultiByteToWideChar(CP_ACP, 0, ansi, -1, buffer, 256);
-  return buffer;
-}
-
 TEST_F(CalculatorConnected, InitAndExpressionPassTheirArguments) {
   calc_init(42);
   EXPECT_EQ(state().calls[kInitialise], 1);
@@ -104,9 +93,11 @@ TEST_F(CalculatorConnected, InitAndExpressionPassTheirArguments) {
   EXPECT_EQ(arguments(), (std::vector<long>{-7, 0, 0}));
   // The expression arrives as wide text.
   const char expression[] = "Breite*2 + \xE4\xDF";
+  wchar_t wide[32];
+  MultiByteToWideChar(CP_ACP, 0, expression, -1, wide, 32);
   calc_expression(expression, 7, -3);
   EXPECT_EQ(state().calls[kEvaluate], 1);
-  EXPECT_EQ(std::wstring(state().text), wide(expression));
+  EXPECT_EQ(std::wstring(state().text), wide);
   EXPECT_EQ(arguments(), (std::vector<long>{7, -3, 0}));
   calc_expression(nullptr, 0, 0);
   EXPECT_TRUE(state().text_was_null);
@@ -150,6 +141,11 @@ TEST_P(CalculatorAnswer, ArgumentsGoOutAndResultsComeBack) {
   EXPECT_STREQ(text, c.number_text);
   EXPECT_EQ(state().value, -0.125);
   EXPECT_EQ(arguments(), (std::vector<long>{2, 0, 1}));
+
+  // Null outputs are skipped.
+  calc_error(0, 0, 0, nullptr);
+  EXPECT_EQ(ConvStringToDouble("1", 0, nullptr), c.conversion_result);
+  EXPECT_EQ(ConvDoubleToString(1.0, 0, 0, 0, nullptr), c.conversion_result);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -164,14 +160,6 @@ INSTANTIATE_TEST_SUITE_P(
         // Another status: the error text still comes, the conversions keep.
         AnswerCase{S_OK, 4097, L"x", "x", 4097, -1.0, "untouched"},
         AnswerCase{E_FAIL, 4096, L"x", "untouched", 4102, -1.0, "untouched"}));
-
-TEST_F(CalculatorConnected, NullOutputsAreSkipped) {
-  state().status = 4096;
-  state().answer_text = L"1";
-  calc_error(0, 0, 0, nullptr);
-  EXPECT_EQ(ConvStringToDouble("1", 0, nullptr), 4096);
-  EXPECT_EQ(ConvDoubleToString(1.0, 0, 0, 0, nullptr), 4096);
-}
 
 #endif
 

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "qnutil/qnutil.h"
@@ -25,16 +26,6 @@ std::string native(std::string text) {
   std::replace(text.begin(), text.end(), '\\', '/');
 #endif
   return text;
-}
-
-bool caller_supplies_base_folder() {
-#ifdef _WIN32
-  unsigned major = 0, minor = 0;
-  QnUtil_GetOperatingSystem(&major, &minor);
-  return !((major == 5 && minor <= 2) || (major == 6 && minor == 0));
-#else
-  return true;
-#endif
 }
 
 TEST(GetOperatingSystem, MatchesThePlatformsOwnAnswer) {
@@ -59,65 +50,40 @@ TEST(GetOperatingSystem, MatchesThePlatformsOwnAnswer) {
 #endif
 }
 
-struct FolderCase {
-  const char* base;
-  const char* expected;
-};
-
-class ProgPathAppData : public testing::TestWithParam<FolderCase> {};
-
-TEST_P(ProgPathAppData, AppendsTheHostsFolders) {
-  if (!caller_supplies_base_folder()) GTEST_SKIP() << "system keeps the folder itself";
-  char buf[260];
-  std::strcpy(buf, native(GetParam().base).c_str());
-  EXPECT_EQ(QnUtil_GetProgPathAppData(buf), buf);
-  EXPECT_EQ(std::string(buf), native(GetParam().expected));
+// Without any separator the base is glued on, as the host composes it. A
+// result beyond the 260-byte folder buffer (219 + 1 + 40 characters of
+// folder names need 261 bytes) fails and leaves the buffer unchanged.
+TEST(ProgPathAppData, AppendsTheHostsFoldersWhenTheyFit) {
+#ifdef _WIN32
+  unsigned major = 0, minor = 0;
+  QnUtil_GetOperatingSystem(&major, &minor);
+  if ((major == 5 && minor <= 2) || (major == 6 && minor == 0)) GTEST_SKIP() << "system keeps the folder";
+#endif
+  const std::string folders = "Quarn Software GmbH\\Quarn +2011\\Programm";
+  const std::string longest = "D:\\" + std::string(215, 'x');
+  const std::pair<std::string, std::string> rows[] = {  // base, result ("": refused)
+      {"D:\\data", "D:\\data\\" + folders}, {"D:\\data\\", "D:\\data\\" + folders}, {"", folders},
+      {"data", "data" + folders}, {"\\", "\\" + folders}, {longest, longest + "\\" + folders},
+      {longest + "x", ""}};
+  for (const auto& [base, result] : rows) {
+    char buf[260];
+    std::strcpy(buf, native(base).c_str());
+    EXPECT_EQ(QnUtil_GetProgPathAppData(buf), result.empty() ? nullptr : buf) << base;
+    EXPECT_EQ(std::string(buf), native(result.empty() ? base : result));
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    BaseFolders, ProgPathAppData,
-    testing::Values(
-        FolderCase{"D:\\data", "D:\\data\\Quarn Software GmbH\\Quarn +2011\\Programm"},
-        FolderCase{"D:\\data\\", "D:\\data\\Quarn Software GmbH\\Quarn +2011\\Programm"},
-        FolderCase{"", "Quarn Software GmbH\\Quarn +2011\\Programm"},
-        // Without any separator the base is glued on, as the host composes it.
-        FolderCase{"data", "dataQuarn Software GmbH\\Quarn +2011\\Programm"},
-        FolderCase{"\\", "\\Quarn Software GmbH\\Quarn +2011\\Programm"}));
-
-TEST(ProgPathAppDataLimits, NullOrUnterminatedBufferIsRefused) {
+TEST(NullPointers, AreRefused) {
   EXPECT_EQ(QnUtil_GetProgPathAppData(nullptr), nullptr);
   EXPECT_EQ(QnUtil_GetProgPathRoamingAppData(nullptr), 0);
   char buf[260];
-  std::memset(buf, 'x', sizeof buf);
+  std::memset(buf, 'x', sizeof buf);  // unterminated
   EXPECT_EQ(QnUtil_GetProgPathAppData(buf), nullptr);
+  EXPECT_EQ(GetLocalMachineRegistryEntry(nullptr, 8, buf), 0);
+  EXPECT_EQ(GetLocalMachineRegistryEntry("Software", 8, nullptr), 0);
 }
 
-TEST(ProgPathAppDataLimits, ResultBeyondTheFolderBufferFailsAndLeavesItUnchanged) {
-  if (!caller_supplies_base_folder()) GTEST_SKIP() << "system keeps the folder itself";
-  // 219 + 1 + 40 characters of folder names need 261 bytes.
-  char buf[260];
-  std::string base = native("D:\\") + std::string(216, 'x');
-  std::strcpy(buf, base.c_str());
-  EXPECT_EQ(QnUtil_GetProgPathAppData(buf), nullptr);
-  EXPECT_EQ(std::string(buf), base);
-  // One character shorter fits exactly.
-  base.pop_back();
-  std::strcpy(buf, base.c_str());
-  EXPECT_EQ(QnUtil_GetProgPathAppData(buf), buf);
-  EXPECT_EQ(std::strlen(buf), 259u);
-}
-
-#ifdef _WIN32
-
-TEST(ProgPathRoamingAppData, IsTheShellsRoamingFolder) {
-  char expected[MAX_PATH];
-  ASSERT_EQ(SHGetFolderPathA(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, expected), S_OK);
-  char buf[260] = "unchanged";
-  EXPECT_EQ(QnUtil_GetProgPathRoamingAppData(buf), 1);
-  EXPECT_STREQ(buf, expected);
-}
-
-#else
+#ifndef _WIN32
 
 // Sets (value non-null) or removes an environment variable for one scope.
 class ScopedVariable {
@@ -134,106 +100,23 @@ class ScopedVariable {
   std::string old_;
 };
 
-struct XdgCase {
-  const char* data_home;
-  const char* home;
-  int result;
-  const char* expected;
-};
-
-class ProgPathRoamingAppData : public testing::TestWithParam<XdgCase> {};
-
-TEST_P(ProgPathRoamingAppData, FollowsTheXdgRules) {
-  ScopedVariable data_home("XDG_DATA_HOME", GetParam().data_home);
-  ScopedVariable home("HOME", GetParam().home);
-  char buf[260] = "unchanged";
-  EXPECT_EQ(QnUtil_GetProgPathRoamingAppData(buf), GetParam().result);
-  EXPECT_STREQ(buf, GetParam().expected);
-}
-
-// A folder beyond the 260-byte buffer fails.
-const std::string kLongHome = "/" + std::string(250, 'h');
-
-INSTANTIATE_TEST_SUITE_P(
-    Environment, ProgPathRoamingAppData,
-    testing::Values(XdgCase{"/srv/data", "/home/u", 1, "/srv/data"},
-                    XdgCase{nullptr, "/home/u", 1, "/home/u/.local/share"},
-                    XdgCase{"relative/data", "/home/u", 1, "/home/u/.local/share"},
-                    XdgCase{nullptr, nullptr, 0, "unchanged"}, XdgCase{nullptr, "", 0, "unchanged"},
-                    XdgCase{nullptr, kLongHome.c_str(), 0, "unchanged"}));
-
-#endif
-
-#ifdef _WIN32
-
-// A key of the local-machine hive that exists for one test.
-class TestKey {
- public:
-  TestKey() {
-    path_ = "Software\\QnUtilTest\\" + std::to_string(GetCurrentProcessId());
-    created_ = RegCreateKeyExA(HKEY_LOCAL_MACHINE, path_.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
-                               nullptr, &key_, nullptr) == ERROR_SUCCESS;
+TEST(ProgPathRoamingAppData, FollowsTheXdgRules) {
+  const std::string long_home = "/" + std::string(250, 'h');  // beyond the 260-byte buffer
+  const struct {
+    const char *data_home, *home;
+    int result;
+    const char* expected;
+  } rows[] = {{"/srv/data", "/home/u", 1, "/srv/data"}, {nullptr, "/home/u", 1, "/home/u/.local/share"},
+              {"relative/data", "/home/u", 1, "/home/u/.local/share"}, {nullptr, nullptr, 0, "unchanged"},
+              {nullptr, "", 0, "unchanged"}, {nullptr, long_home.c_str(), 0, "unchanged"}};
+  for (const auto& row : rows) {
+    ScopedVariable data_home("XDG_DATA_HOME", row.data_home);
+    ScopedVariable home("HOME", row.home);
+    char buf[260] = "unchanged";
+    EXPECT_EQ(QnUtil_GetProgPathRoamingAppData(buf), row.result) << row.expected;
+    EXPECT_STREQ(buf, row.expected);
   }
-  ~TestKey() {
-    if (!created_) return;
-    RegCloseKey(key_);
-    RegDeleteKeyA(HKEY_LOCAL_MACHINE, path_.c_str());
-  }
-  bool created() const { return created_; }
-  const char* path() const { return path_.c_str(); }
-  void set(DWORD type, const std::string& bytes) {
-    RegSetValueExA(key_, "InstallLocation", 0, type,
-                   reinterpret_cast<const BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size()));
-  }
-
- private:
-  std::string path_;
-  HKEY key_ = nullptr;
-  bool created_ = false;
-};
-
-struct ValueCase {
-  const char* name;
-  DWORD type;
-  std::string stored;  // bytes as stored, terminator included where wanted
-  int size;            // the caller's buffer size
-  int result;
-};
-
-class InstallLocation : public testing::TestWithParam<ValueCase> {};
-
-TEST_P(InstallLocation, CopiesWholeValuesThatFit) {
-  const ValueCase& c = GetParam();
-  TestKey key;
-  if (!key.created()) GTEST_SKIP() << "no write access to the local-machine hive";
-  key.set(c.type, c.stored);
-  std::vector<char> buf(c.stored.size() + 8, '#');
-  EXPECT_EQ(GetLocalMachineRegistryEntry(key.path(), c.size, buf.data()), c.result);
-  const std::string expected = c.result ? c.stored : std::string(c.stored.size(), '#');
-  EXPECT_EQ(std::string(buf.data(), c.stored.size()), expected);
-  EXPECT_EQ(std::string(buf.data() + c.stored.size(), 8), std::string(8, '#'));
 }
-
-const std::string kPath("C:\\Quarn\0", 9);
-
-INSTANTIATE_TEST_SUITE_P(
-    Values, InstallLocation,
-    testing::Values(ValueCase{"ExactSize", REG_SZ, kPath, 9, 1}, ValueCase{"OneByteShort", REG_SZ, kPath, 8, 0},
-                    ValueCase{"RoomToSpare", REG_SZ, kPath, 260, 1}, ValueCase{"NegativeSize", REG_SZ, kPath, -1, 0},
-                    ValueCase{"Empty", REG_BINARY, "", 100, 0},
-                    ValueCase{"LargestReadable", REG_BINARY, std::string(2048, 'v'), 4096, 1},
-                    ValueCase{"BeyondTheReadBuffer", REG_BINARY, std::string(2049, 'v'), 4096, 0}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-TEST(InstallLocationMissing, KeyOrValueMissingGivesZero) {
-  char buf[64] = "";
-  EXPECT_EQ(GetLocalMachineRegistryEntry("Software\\QnUtilTest\\no such key", 64, buf), 0);
-  TestKey key;
-  if (!key.created()) GTEST_SKIP() << "no write access to the local-machine hive";
-  EXPECT_EQ(GetLocalMachineRegistryEntry(key.path(), 64, buf), 0);
-}
-
-#else
 
 TEST(InstallLocation, PosixHasNoRegistry) {
   char buf[64] = "unchanged";
@@ -241,12 +124,58 @@ TEST(InstallLocation, PosixHasNoRegistry) {
   EXPECT_STREQ(buf, "unchanged");
 }
 
-#endif
+#else
 
-TEST(InstallLocationArguments, NullPointersGiveZero) {
-  char buf[8];
-  EXPECT_EQ(GetLocalMachineRegistryEntry(nullptr, 8, buf), 0);
-  EXPECT_EQ(GetLocalMachineRegistryEntry("Software", 8, nullptr), 0);
+TEST(ProgPathRoamingAppData, IsTheShellsRoamingFolder) {
+  char expected[MAX_PATH];
+  ASSERT_EQ(SHGetFolderPathA(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, expected), S_OK);
+  char buf[260] = "unchanged";
+  EXPECT_EQ(QnUtil_GetProgPathRoamingAppData(buf), 1);
+  EXPECT_STREQ(buf, expected);
 }
+
+// A key of the local-machine hive that exists for one test.
+struct TestKey {
+  TestKey() {
+    HKEY key = nullptr;
+    created = RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                              &key, nullptr) == ERROR_SUCCESS;
+    if (created) RegCloseKey(key);
+  }
+  ~TestKey() {
+    if (created) RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str());
+  }
+  const std::string path = "Software\\QnUtilTest\\" + std::to_string(GetCurrentProcessId());
+  bool created = false;
+};
+
+// Whole values that fit are copied; a missing key or value gives zero.
+TEST(InstallLocation, CopiesWholeValuesThatFit) {
+  char missing[64] = "";
+  EXPECT_EQ(GetLocalMachineRegistryEntry("Software\\QnUtilTest\\no such key", 64, missing), 0);
+  TestKey key;
+  if (!key.created) GTEST_SKIP() << "no write access to the local-machine hive";
+  EXPECT_EQ(GetLocalMachineRegistryEntry(key.path.c_str(), 64, missing), 0);
+  const std::string path("C:\\Quarn\0", 9);
+  const struct {
+    DWORD type;
+    std::string stored;  // bytes as stored, terminator included where wanted
+    int size;            // the caller's buffer size
+    int result;
+  } rows[] = {{REG_SZ, path, 9, 1}, {REG_SZ, path, 8, 0}, {REG_SZ, path, 260, 1}, {REG_SZ, path, -1, 0},
+              {REG_BINARY, "", 100, 0}, {REG_BINARY, std::string(2048, 'v'), 4096, 1},
+              {REG_BINARY, std::string(2049, 'v'), 4096, 0}};  // beyond the read buffer
+  for (const auto& row : rows) {
+    RegSetKeyValueA(HKEY_LOCAL_MACHINE, key.path.c_str(), "InstallLocation", row.type, row.stored.data(),
+                    static_cast<DWORD>(row.stored.size()));
+    std::vector<char> buf(row.stored.size() + 8, '#');
+    EXPECT_EQ(GetLocalMachineRegistryEntry(key.path.c_str(), row.size, buf.data()), row.result) << row.size;
+    const std::string expected = row.result ? row.stored : std::string(row.stored.size(), '#');
+    EXPECT_EQ(std::string(buf.data(), row.stored.size()), expected) << row.size;
+    EXPECT_EQ(std::string(buf.data() + row.stored.size(), 8), std::string(8, '#'));
+  }
+}
+
+#endif
 
 }  // namespace

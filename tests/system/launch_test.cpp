@@ -26,7 +26,12 @@ struct Launcher {
 };
 
 int launch_sleeper(const Launcher& launcher, const std::string& arguments) {
-  return launcher.launch(system_test::sibling_program("qnutil_sleeper").c_str(), arguments.c_str());
+#ifdef _WIN32
+  const std::string sleeper = system_test::sibling("qnutil_sleeper.exe");
+#else
+  const std::string sleeper = system_test::sibling("qnutil_sleeper");
+#endif
+  return launcher.launch(sleeper.c_str(), arguments.c_str());
 }
 
 class LauncherTest : public testing::TestWithParam<Launcher> {};
@@ -59,47 +64,32 @@ INSTANTIATE_TEST_SUITE_P(
 
 #ifdef _WIN32
 
-// A window of the calling thread that counts what reaches its procedure.
-class CountingWindow {
- public:
-  CountingWindow() {
-    WNDCLASSA window_class{};
-    window_class.lpfnWndProc = &CountingWindow::procedure;
-    window_class.hInstance = GetModuleHandleA(nullptr);
-    window_class.lpszClassName = "QnUtilLaunchTestWindow";
-    RegisterClassA(&window_class);
-    window_ = CreateWindowExA(0, window_class.lpszClassName, "", 0, 0, 0, 0, 0, HWND_MESSAGE,
-                              nullptr, window_class.hInstance, nullptr);
-    dispatched_ = 0;
-  }
-  ~CountingWindow() { DestroyWindow(window_); }
-  HWND handle() const { return window_; }
-  static int dispatched() { return dispatched_; }
+int g_dispatched = 0;
 
- private:
-  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-    if (message == WM_APP) ++dispatched_;
-    return DefWindowProcA(window, message, w, l);
-  }
-  HWND window_;
-  static inline int dispatched_ = 0;
-};
-
-bool queue_holds_message(HWND window) {
-  MSG message;
-  return PeekMessageA(&message, window, WM_APP, WM_APP, PM_NOREMOVE) != FALSE;
+LRESULT CALLBACK count_dispatches(HWND window, UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_APP) ++g_dispatched;
+  return DefWindowProcA(window, message, w, l);
 }
 
 // The quoted launcher keeps the caller's windows frozen: waiting input
 // leaves the queue undispatched. The command-line launcher dispatches it.
+// Either way the queue is empty afterwards.
 TEST_P(LauncherTest, EmptiesTheQueueDispatchingAsDesigned) {
-  CountingWindow window;
-  ASSERT_NE(window.handle(), nullptr);
+  WNDCLASSA window_class{};
+  window_class.lpfnWndProc = count_dispatches;
+  window_class.lpszClassName = "QnUtilLaunchTestWindow";
+  RegisterClassA(&window_class);
+  const HWND window = CreateWindowExA(0, window_class.lpszClassName, "", 0, 0, 0, 0, 0, HWND_MESSAGE,
+                                      nullptr, nullptr, nullptr);
+  ASSERT_NE(window, nullptr);
+  g_dispatched = 0;
   ScratchDir dir;
-  PostMessageA(window.handle(), WM_APP, 0, 0);
+  PostMessageA(window, WM_APP, 0, 0);
   EXPECT_EQ(launch_sleeper(GetParam(), dir.file("out.txt")), 1);
-  EXPECT_EQ(CountingWindow::dispatched(), GetParam().dispatches);
-  EXPECT_FALSE(queue_holds_message(window.handle()));
+  EXPECT_EQ(g_dispatched, GetParam().dispatches);
+  MSG message;
+  EXPECT_FALSE(PeekMessageA(&message, window, WM_APP, WM_APP, PM_NOREMOVE));
+  DestroyWindow(window);
 }
 
 #endif

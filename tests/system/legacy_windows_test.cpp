@@ -14,6 +14,7 @@
 #include <string>
 
 #include "qnutil/qnutil.h"
+#include "system_test_support.h"
 
 namespace {
 
@@ -57,31 +58,17 @@ TEST(LegacyWindows, ProgramDataFolderFollowsTheVersion) {
   EXPECT_EQ(std::string(buf), expected + "\\Quarn Software GmbH\\Quarn +2011\\Programm");
 }
 
-std::string own_path() {
-  char path[MAX_PATH] = "";
-  GetModuleFileNameA(nullptr, path, MAX_PATH);
-  return path;
-}
-
 std::string app_defaults_key() {
-  const std::string path = own_path();
-  return "Software\\Wine\\AppDefaults\\" + path.substr(path.find_last_of('\\') + 1);
+  return "Software\\Wine\\AppDefaults\\" + system_test::own_path().filename().string();
 }
 
 bool configure_version(const char* wine_name) {
-  HKEY key = nullptr;
-  if (RegCreateKeyExA(HKEY_CURRENT_USER, app_defaults_key().c_str(), 0, nullptr, 0, KEY_WRITE,
-                      nullptr, &key, nullptr) != ERROR_SUCCESS)
-    return false;
-  const LONG status = RegSetValueExA(key, "Version", 0, REG_SZ,
-                                     reinterpret_cast<const BYTE*>(wine_name),
-                                     static_cast<DWORD>(std::strlen(wine_name) + 1));
-  RegCloseKey(key);
-  return status == ERROR_SUCCESS;
+  return RegSetKeyValueA(HKEY_CURRENT_USER, app_defaults_key().c_str(), "Version", REG_SZ, wine_name,
+                         static_cast<DWORD>(std::strlen(wine_name) + 1)) == ERROR_SUCCESS;
 }
 
 int run_child(const Version& version) {
-  const std::string path = own_path();
+  const std::string path = system_test::own_path().string();
   const std::string quoted = "\"" + path + "\"";
   return static_cast<int>(
       _spawnl(_P_WAIT, path.c_str(), quoted.c_str(), kChildFlag, version.wine_name, nullptr));

@@ -10,22 +10,17 @@
 
 namespace system_test {
 
-inline std::filesystem::path program_directory() {
+inline std::filesystem::path own_path() {
 #ifdef _WIN32
   char path[MAX_PATH] = "";
   GetModuleFileNameA(nullptr, path, MAX_PATH);
-  return std::filesystem::path(path).parent_path();
+  return path;
 #else
-  return std::filesystem::read_symlink("/proc/self/exe").parent_path();
+  return std::filesystem::read_symlink("/proc/self/exe");
 #endif
 }
 
-inline std::string sibling_program(const char* name) {
-#ifdef _WIN32
-  return (program_directory() / name).string() + ".exe";
-#else
-  return (program_directory() / name).string();
-#endif
-}
+// `file` in the test program's folder.
+inline std::string sibling(const char* file) { return (own_path().parent_path() / file).string(); }
 
 }  // namespace system_test

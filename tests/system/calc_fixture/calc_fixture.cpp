@@ -31,18 +31,20 @@ HRESULT record(CalcFixtureMethod method, long a, long b, long c, BSTR text = nul
 
 BSTR scripted_text() { return g_state.answer_text ? SysAllocString(g_state.answer_text) : nullptr; }
 
+// IUnknown::QueryInterface of an object that offers IUnknown and `offered`.
+HRESULT query(IUnknown* object, REFIID iid, REFIID offered, void** out) {
+  *out = iid == IID_IUnknown || iid == offered ? object : nullptr;
+  if (!*out) return E_NOINTERFACE;
+  object->AddRef();
+  return S_OK;
+}
+
 // Slots 3 to 16 belong to methods the library never calls.
 struct Calculator : IUnknown {
   LONG references = 1;
 
   STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
-    if (iid == IID_IUnknown || iid == kCalculatorInterface) {
-      AddRef();
-      *out = this;
-      return S_OK;
-    }
-    *out = nullptr;
-    return E_NOINTERFACE;
+    return query(this, iid, kCalculatorInterface, out);
   }
   STDMETHODIMP_(ULONG) AddRef() override { return InterlockedIncrement(&references); }
   STDMETHODIMP_(ULONG) Release() override {
@@ -87,12 +89,7 @@ struct Calculator : IUnknown {
 
 struct Factory : IClassFactory {
   STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
-    if (iid == IID_IUnknown || iid == IID_IClassFactory) {
-      *out = this;
-      return S_OK;
-    }
-    *out = nullptr;
-    return E_NOINTERFACE;
+    return query(this, iid, IID_IClassFactory, out);
   }
   STDMETHODIMP_(ULONG) AddRef() override { return 2; }
   STDMETHODIMP_(ULONG) Release() override { return 1; }
