@@ -29,21 +29,13 @@ bmpExHandle new_image() {
 }
 
 // What the object holds, seen through a saved file ("" when it saved nothing).
-std::string saved_bytes(bmpExHandle handle, const ScratchDir& dir) {
-  const std::string path = dir.file("saved.bmp");
-  std::remove(path.c_str());
-  EXPECT_EQ(bmpExSaveToFile(handle, path.c_str()), 1);
-  return read_file(path);
+std::string saved_bytes(bmpExHandle handle) {
+  ScratchDir dir;
+  EXPECT_EQ(bmpExSaveToFile(handle, dir.file("saved.bmp").c_str()), 1);
+  return read_file(dir.path() / "saved.bmp");
 }
 
-Words saved_pixels(bmpExHandle handle) { return decode_24bit(saved_bytes(handle, ScratchDir())); }
-
-// An object holding one pixel, 0x030201.
-bmpExHandle one_pixel_image() {
-  bmpExHandle handle = new_image();
-  bmpExLoadFromBits(handle, bmp_file({.pixels = "\x01\x02\x03\x00"s}).data());
-  return handle;
-}
+Words saved_pixels(bmpExHandle handle) { return decode_24bit(saved_bytes(handle)); }
 
 // The object after loading the file from disk into `handle`.
 bmpExHandle load_file(const std::string& file, bmpExHandle handle = new_image()) {
@@ -52,6 +44,9 @@ bmpExHandle load_file(const std::string& file, bmpExHandle handle = new_image())
   EXPECT_EQ(bmpExLoad(handle, dir.file("in.bmp").c_str()), 1);
   return handle;
 }
+
+// An object holding one pixel, 0x030201.
+bmpExHandle one_pixel_image() { return load_file(bmp_file({.pixels = "\x01\x02\x03\x00"s})); }
 
 Words grey_palette(int n) {
   Words palette;
@@ -72,9 +67,8 @@ TEST(BmpEx, NullHandleGivesZeroAndEmptyObjectsSucceed) {
                      bmpExBrightness(nullptr, 1), bmpExContrast(nullptr, 1), bmpExTint(nullptr, 1),
                      bmpExConvertHsi(nullptr, 1), bmpExDrawBitmap(nullptr, 0, 0, 1, 1, nullptr, 0, 0, 1, 1, 100, 0)})
     EXPECT_EQ(result, 0);
-  ScratchDir dir;
   bmpExHandle handle = new_image();
-  EXPECT_EQ(saved_bytes(handle, dir), "");
+  EXPECT_EQ(saved_bytes(handle), "");
   EXPECT_EQ(bmpExLoad(handle, nullptr), 1);
   EXPECT_EQ(bmpExLoadFromBits(handle, nullptr), 1);
   EXPECT_EQ(bmpExLoadFromBits3(handle, nullptr, &info, "data"), 1);
@@ -127,18 +121,16 @@ TEST_P(BmpExFile, EveryLoaderGivesThesePixels) {
   const std::string file = bmp_file(c.fields);
   EXPECT_EQ(saved_pixels(load_file(file)), c.expected);
   if (c.file_only) return;
-  bmpExHandle handle = new_image();
-  EXPECT_EQ(bmpExLoadFromBits(handle, file.data()), 1);
-  EXPECT_EQ(saved_pixels(handle), c.expected);
-  EXPECT_EQ(bmpExLoadFromBits2(handle = new_image(), file.data(), 1), 1);
-  EXPECT_EQ(saved_pixels(handle), c.expected);
   // Separate headers: the data pointer starts at the palette.
   QnBmpFileHeader file_header;
   QnBmpInfoHeader info;
   std::memcpy(&file_header, file.data(), 14);
   std::memcpy(&info, file.data() + 14, 40);
-  EXPECT_EQ(bmpExLoadFromBits3(handle = new_image(), &file_header, &info, file.data() + 54), 1);
-  EXPECT_EQ(saved_pixels(handle), c.expected);
+  const bmpExHandle handles[] = {new_image(), new_image(), new_image()};
+  EXPECT_EQ(bmpExLoadFromBits(handles[0], file.data()), 1);
+  EXPECT_EQ(bmpExLoadFromBits2(handles[1], file.data(), 1), 1);
+  EXPECT_EQ(bmpExLoadFromBits3(handles[2], &file_header, &info, file.data() + 54), 1);
+  for (bmpExHandle handle : handles) EXPECT_EQ(saved_pixels(handle), c.expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, BmpExFile, testing::ValuesIn(file_cases()),
@@ -148,22 +140,17 @@ TEST(BmpEx, SavedFileHasExactBytes) {
   BmpFields s{.width = 3, .height = 2, .bit_count = 32, .size_image = 1234, .reserved1 = 7, .reserved2 = 9, .x_pels = -5};
   s.pixels = "\x01\x02\x03\xFF\x04\x05\x06\xFF\x07\x08\x09\xFF\x0A\x0B\x0C\xFF\x0D\x0E\x0F\xFF\x10\x11\x12\xFF"s;
   bmpExHandle handle = load_file(bmp_file(s));
-  std::string expected = "BM"s;
-  put32(expected, 54 + 2 * 12);
-  put16(expected, 7);
-  put16(expected, 9);
-  put32(expected, 54);
-  s.bit_count = 24;  // everything else in the info header as held
-  expected += info_header(s) + "\x01\x02\x03\x04\x05\x06\x07\x08\x09\x00\x00\x00\x0A\x0B\x0C\x0D\x0E\x0F\x10\x11\x12\x00\x00\x00"s;
-  ScratchDir dir;
-  EXPECT_EQ(saved_bytes(handle, dir), expected);
+  // 24-bit rows; everything else in the headers as held, biSizeImage and the reserved words included.
+  s.bit_count = 24;
+  s.pixels = "\x01\x02\x03\x04\x05\x06\x07\x08\x09\x00\x00\x00\x0A\x0B\x0C\x0D\x0E\x0F\x10\x11\x12\x00\x00\x00"s;
+  EXPECT_EQ(saved_bytes(handle), bmp_file(s));
   // Saving again gives the same file: the object is back in its working form.
-  EXPECT_EQ(saved_bytes(handle, dir), expected);
+  EXPECT_EQ(saved_bytes(handle), bmp_file(s));
   // A 24-bit file round-trips byte for byte.
   Words colours = pattern_words(15, 3);
   for (uint32_t& w : colours) w &= 0xFFFFFF;
   const std::string file = bmp_file({.width = 5, .height = 3, .pixels = rows_24bit(colours, 5, 3)});
-  EXPECT_EQ(saved_bytes(load_file(file), dir), file);
+  EXPECT_EQ(saved_bytes(load_file(file)), file);
 }
 
 TEST(BmpEx, UnreadableFilesEmptyTheObjectAndMissingOnesKeepIt) {
@@ -182,7 +169,7 @@ TEST(BmpEx, UnreadableFilesEmptyTheObjectAndMissingOnesKeepIt) {
   for (BmpFields s : cases) {
     s.pixels = std::string(16, '\x33');
     bmpExHandle handle = load_file(bmp_file(s), one_pixel_image());
-    EXPECT_EQ(saved_bytes(handle, ScratchDir()), "") << s.width << "x" << s.height << " depth " << s.bit_count;
+    EXPECT_EQ(saved_bytes(handle), "") << s.width << "x" << s.height << " depth " << s.bit_count;
   }
 }
 
@@ -200,8 +187,8 @@ TEST(BmpEx, PackedDibReadsPaletteFromFileHeaderOffset) {
   // itself is read from byte 54.
   std::string dib = info_header({.bit_count = 8, .clr_used = 2}) + std::string(8, '\0') + "\x01\x00\x00\x00"s;
   dib.resize(54, '\0');
-  put32(dib, 0x0000FF);
-  put32(dib, 0x00FF00);
+  put(dib, 0x0000FF);
+  put(dib, 0x00FF00);
   bmpExHandle handle = new_image();
   EXPECT_EQ(bmpExLoadFromBits2(handle, dib.data(), 0), 1);
   EXPECT_EQ(saved_pixels(handle), Words{0x00FF00});
@@ -209,16 +196,12 @@ TEST(BmpEx, PackedDibReadsPaletteFromFileHeaderOffset) {
 
 TEST(BmpEx, SaveAtEndAppendsOnlyToAnExistingFile) {
   ScratchDir dir;
-  bmpExHandle handle = new_image();
-  bmpExLoadFromBits(handle, bmp_file({.width = 3, .height = 2, .pixels = rows_24bit({1, 2, 3, 4, 5, 6}, 3, 2)}).data());
-  const std::string prefix = "existing content\n";
-  write_file(dir.path() / "log.bin", prefix);
+  bmpExHandle handle = one_pixel_image();
+  write_file(dir.path() / "log.bin", "existing content\n");
   EXPECT_EQ(bmpExSaveAtEnd(handle, dir.file("log.bin").c_str()), 1);
-  const std::string saved = saved_bytes(handle, dir);
-  ASSERT_EQ(saved.size(), 54u + 2 * 12);
-  EXPECT_EQ(read_file(dir.path() / "log.bin"), prefix + saved);
-
-  handle = one_pixel_image();
+  const std::string saved = saved_bytes(handle);
+  ASSERT_EQ(saved.size(), 54u + 4);
+  EXPECT_EQ(read_file(dir.path() / "log.bin"), "existing content\n" + saved);
   EXPECT_EQ(bmpExSaveAtEnd(handle, dir.file("missing.bin").c_str()), 1);
   EXPECT_FALSE(std::filesystem::exists(dir.path() / "missing.bin"));
   EXPECT_EQ(saved_pixels(handle), Words{0x030201});

@@ -37,7 +37,7 @@ TEST(PilInterop, ReadsFilesPilWrote) {
   for (const auto& entry : std::filesystem::directory_iterator(dir)) {
     if (entry.path().extension() != ".bmp") continue;
     const std::string file = read_file(entry.path());
-    const int width = static_cast<int>(get32(file, 18)), height = static_cast<int>(get32(file, 22));
+    const int width = static_cast<int>(get(file, 18)), height = static_cast<int>(get(file, 22));
     auto dump_path = entry.path();
     dump_path.replace_extension(".rgb");
     bmpExHandle handle = nullptr;
@@ -58,10 +58,9 @@ TEST(PilInterop, WritesFilesForPil) {
   uint32_t seed = 1;
   for (const auto& size : sizes) {
     const int width = size[0], height = size[1];
-    BmpFields s;
-    s.width = width, s.height = height, s.bit_count = 32;
+    BmpFields s{.width = width, .height = height, .bit_count = 32};
     const auto words = pattern_words(size_t(width) * height, seed++);
-    for (uint32_t w : words) put32(s.pixels, w);
+    for (uint32_t w : words) put(s.pixels, w);
     bmpExHandle handle = nullptr;
     ASSERT_EQ(bmpExInit(&handle), 1);
     ASSERT_EQ(bmpExLoadFromBits(handle, bmp_file(s).data()), 1);

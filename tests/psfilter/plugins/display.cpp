@@ -54,10 +54,8 @@ std::int16_t draw(FilterRecord& record, Canvas& canvas) {
       record.displayPixels(&noRows, &rgbRect, 0, 0, canvas.dc) == filterBadParameters,
       record.displayPixels(&noBase, &rgbRect, 0, 0, canvas.dc) == filterBadParameters,
   };
-  for (std::int16_t i = 0; i < std::int16_t(sizeof checks); ++i)
-    if (!checks[i]) return std::int16_t(-3000 - i);
   GdiFlush();
-  return noErr;
+  return plugin::first_failed(checks, 3000);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 // host must have set and fails with -(2000 + number of the first wrong one).
 // QNUTIL_PLUGIN_FAIL "<selector>:<result>" makes that step answer the result
 // after its work; QNUTIL_PLUGIN_NO_TILES=1 makes start set no tile.
+#include <algorithm>
 #include <cstring>
 
 #include "plugin_support.h"
@@ -12,10 +13,7 @@ namespace {
 
 bool zero_tail(const FilterRecord& record) {
   const auto* tail = reinterpret_cast<const char*>(&record.bufferSpace64);
-  const auto* end = reinterpret_cast<const char*>(&record) + sizeof record;
-  for (; tail < end; ++tail)
-    if (*tail) return false;
-  return true;
+  return std::all_of(tail, reinterpret_cast<const char*>(&record + 1), [](char byte) { return byte == 0; });
 }
 
 std::int16_t check_record(const FilterRecord& r) {
@@ -43,9 +41,7 @@ std::int16_t check_record(const FilterRecord& r) {
           r.wholeSize.h == r.imageSize.h,
       r.sSPBasic == nullptr && r.bigDocumentData == nullptr && zero_tail(r),
   };
-  for (std::int16_t i = 0; i < std::int16_t(sizeof checks); ++i)
-    if (!checks[i]) return std::int16_t(-2000 - i);
-  return noErr;
+  return plugin::first_failed(checks, 2000);
 }
 
 void set_tile(FilterRecord& record, int top, int left) {

@@ -41,6 +41,14 @@ inline void trace(std::int16_t selector) {
   SetEnvironmentVariableA("QNUTIL_PLUGIN_TRACE", text.c_str());
 }
 
+// noErr when every check holds, else -(base + number of the first that does not).
+template <std::size_t count>
+std::int16_t first_failed(const bool (&checks)[count], int base) {
+  for (std::size_t i = 0; i < count; ++i)
+    if (!checks[i]) return std::int16_t(-base - int(i));
+  return noErr;
+}
+
 inline void set_rect(Rect& rect, int top, int left, int bottom, int right) {
   rect = Rect{std::int16_t(top), std::int16_t(left), std::int16_t(bottom), std::int16_t(right)};
 }

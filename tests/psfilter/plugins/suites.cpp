@@ -19,17 +19,26 @@ bool buffer_suite(const BufferProcs& procs) {
   return same && procs.spaceProc() == 100000000;
 }
 
+// Writes `text` into the handle, resizes it to `size` and reads the text back.
+bool keeps_text_over_resize(const HandleProcs& procs, Handle handle, const char* text, std::int32_t size) {
+  Ptr bytes = procs.lockProc(handle, false);
+  if (!bytes) return false;
+  std::memcpy(bytes, text, std::strlen(text));
+  procs.unlockProc(handle);
+  if (procs.setSizeProc(handle, size) != noErr || procs.getSizeProc(handle) != size) return false;
+  bytes = procs.lockProc(handle, false);
+  const bool kept = bytes && std::memcmp(bytes, text, std::strlen(text)) == 0;
+  procs.unlockProc(handle);
+  return kept;
+}
+
 bool host_handle(const HandleProcs& procs) {
   Handle handle = procs.newProc(16);
   if (!handle || procs.getSizeProc(handle) != 16) return false;
-  Ptr bytes = procs.lockProc(handle, false);
-  if (!bytes || bytes != *handle) return false;
-  std::memcpy(bytes, "0123456789abcdef", 16);
+  const Ptr bytes = procs.lockProc(handle, false);
+  const bool direct = bytes && bytes == *handle;
   procs.unlockProc(handle);
-  if (procs.setSizeProc(handle, 4096) != noErr || procs.getSizeProc(handle) != 4096) return false;
-  bytes = procs.lockProc(handle, false);
-  const bool kept = std::memcmp(bytes, "0123456789abcdef", 16) == 0;
-  procs.unlockProc(handle);
+  const bool kept = direct && keeps_text_over_resize(procs, handle, "0123456789abcdef", 4096);
   // Regular handles of the host survive disposeRegularHandleProc.
   procs.disposeRegularHandleProc(handle);
   const bool survived = procs.getSizeProc(handle) == 4096;
@@ -45,17 +54,8 @@ bool empty_and_refused_handles(const HandleProcs& procs) {
 }
 
 bool own_global_handle(const HandleProcs& procs) {
-  HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, 32);
-  auto handle = reinterpret_cast<Handle>(memory);
-  if (procs.getSizeProc(handle) != 32) return false;
-  Ptr bytes = procs.lockProc(handle, false);
-  if (!bytes) return false;
-  std::memcpy(bytes, "global", 6);
-  procs.unlockProc(handle);
-  if (procs.setSizeProc(handle, 64) != noErr || procs.getSizeProc(handle) != 64) return false;
-  bytes = procs.lockProc(handle, false);
-  const bool kept = bytes && std::memcmp(bytes, "global", 6) == 0;
-  procs.unlockProc(handle);
+  auto handle = reinterpret_cast<Handle>(GlobalAlloc(GMEM_MOVEABLE, 32));
+  const bool kept = procs.getSizeProc(handle) == 32 && keeps_text_over_resize(procs, handle, "global", 64);
   procs.disposeProc(handle);
   return kept;
 }
@@ -90,9 +90,7 @@ std::int16_t run_checks(const FilterRecord& record) {
       pointer_to_own_global_handle(*record.handleProcs),
       own_master_pointer(*record.handleProcs),
   };
-  for (std::int16_t i = 0; i < std::int16_t(sizeof checks); ++i)
-    if (!checks[i]) return std::int16_t(-1000 - i);
-  return noErr;
+  return plugin::first_failed(checks, 1000);
 }
 
 }  // namespace
