@@ -6,17 +6,23 @@ using namespace env_test;
 
 namespace {
 
-TEST(EnvHandles, NullHandleIsReportedAndRefused) {
+// Null handles, bad paths and a null section are reported from the unit.
+TEST(EnvHandles, BadArgumentsAreReportedAndRefused) {
+  Env env;
   MessageCapture capture;
   EXPECT_EQ(env_close(nullptr, 0), ENV_ERROR);
   EXPECT_EQ(env_check(nullptr, "S", "a", 1), ENV_ERROR);
   EXPECT_EQ(env_put(nullptr, "S", "a", "1"), ENV_ERROR);
   EXPECT_EQ(env_open_subenv(nullptr, "S", nullptr, 1), nullptr);
-  ASSERT_EQ(capture.boxes().size(), 4u);
-  for (const auto& box : capture.boxes()) {
-    EXPECT_EQ(box.text, "Nil parametr");
+  EXPECT_EQ(env_put(env, "S", "@@@", "x"), ENV_OK);  // stores nothing
+  EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 0);
+  EXPECT_EQ(env_check(env, "S", "", 1), ENV_BAD_PATH);
+  EXPECT_EQ(env_put(env, nullptr, "a", "x"), ENV_ERROR);
+  EXPECT_EQ(texts(capture), (std::vector<std::string>{"Nil parametr", "Nil parametr", "Nil parametr",
+                                                      "Nil parametr", "Bad Path was given",
+                                                      "Bad Path was given", "bypass Nil section"}));
+  for (const auto& box : capture.boxes())
     EXPECT_EQ(box.caption.rfind("MESSAGE in \"qnutilenv\" line ", 0), 0u) << box.caption;
-  }
 }
 
 TEST(EnvHandles, CloseRefusesWhileSubenvironmentLives) {
