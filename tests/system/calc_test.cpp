@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -16,19 +17,17 @@ using qnutil_test::MessageCapture;
 
 namespace {
 
-const char kNoCalculator[] = "Keine Verbindung zum Calculator(COM-Objekt)";
-
 #ifdef _WIN32
 const char kClassKey[] = "Software\\Classes\\CLSID\\{9BA593B7-2640-493B-AA8A-B3D9172337C1}";
 
 void unregister_calculator() { RegDeleteTreeA(HKEY_LOCAL_MACHINE, kClassKey); }
 
 bool register_calculator(const std::string& server) {
-  const std::string key = std::string(kClassKey) + "\\InprocServer32";
-  return RegSetKeyValueA(HKEY_LOCAL_MACHINE, key.c_str(), nullptr, REG_SZ, server.c_str(),
+  char key[128];
+  std::snprintf(key, sizeof key, "%s\\InprocServer32", kClassKey);
+  return RegSetKeyValueA(HKEY_LOCAL_MACHINE, key, nullptr, REG_SZ, server.c_str(),
                          static_cast<DWORD>(server.size() + 1)) == ERROR_SUCCESS &&
-         RegSetKeyValueA(HKEY_LOCAL_MACHINE, key.c_str(), "ThreadingModel", REG_SZ, "Both", 5) ==
-             ERROR_SUCCESS;
+         RegSetKeyValueA(HKEY_LOCAL_MACHINE, key, "ThreadingModel", REG_SZ, "Both", 5) == ERROR_SUCCESS;
 }
 #endif
 
@@ -48,7 +47,7 @@ TEST(CalculatorMissing, EveryCallShowsTheNoticeAndDoesNothing) {
   EXPECT_STREQ(text, "untouched");
   EXPECT_EQ(value, -1.0);
   ASSERT_EQ(capture.boxes().size(), 5u);
-  for (const auto& box : capture.boxes()) EXPECT_EQ(box.text, kNoCalculator);
+  for (const auto& box : capture.boxes()) EXPECT_EQ(box.text, "Keine Verbindung zum Calculator(COM-Objekt)");
 }
 
 #ifdef _WIN32
