@@ -100,13 +100,13 @@ inline RunOutcome run(PSFilter_* filter, const Image& source, bool repeatLast = 
 }
 
 // The source with `change(byte)` applied to the host bytes of plug-in planes
-// lo..hi (plane 0 red = byte 2, 1 green = byte 1, 2 blue = byte 0, 3 alpha).
+// lo..hi (plane 0 red = byte 2, 1 green = byte 1, 2 blue = byte 0, 3 alpha)
+// in the top `rows` rows (-1: all).
 template <class Change>
-Image with_planes_changed(const Image& source, int lo, int hi, Change change, int firstRow = 0, int endRow = -1) {
+Image with_planes_changed(const Image& source, int lo, int hi, Change change, int rows = -1) {
   static const int kPlaneByte[] = {2, 1, 0, 3};
   Image image = source;
-  if (endRow < 0) endRow = source.height;
-  for (int y = firstRow; y < endRow; ++y)
+  for (int y = 0; y < (rows < 0 ? source.height : rows); ++y)
     for (int x = 0; x < source.width; ++x)
       for (int plane = lo; plane <= hi; ++plane) {
         uint8_t& byte = image.pixel(x, y)[kPlaneByte[plane]];

@@ -34,12 +34,10 @@ class InvertRun : public ::testing::TestWithParam<InvertCase> {};
 
 TEST_P(InvertRun, StatusTraceAndEveryTileWrittenBackInsideTheImage) {
   const InvertCase c = GetParam();
-  const EnvSetting tileWidth("QNUTIL_PLUGIN_TILE_W", std::to_string(c.tileWidth));
-  const EnvSetting tileHeight("QNUTIL_PLUGIN_TILE_H", std::to_string(c.tileHeight));
-  const EnvSetting lo("QNUTIL_PLUGIN_LO", std::to_string(c.lo));
-  const EnvSetting hi("QNUTIL_PLUGIN_HI", std::to_string(c.hi));
-  const EnvSetting fail("QNUTIL_PLUGIN_FAIL", c.fail);
-  const EnvSetting noTiles("QNUTIL_PLUGIN_NO_TILES", c.noTiles ? "1" : "0");
+  const EnvSetting settings[] = {
+      {"QNUTIL_PLUGIN_TILE_W", std::to_string(c.tileWidth)}, {"QNUTIL_PLUGIN_TILE_H", std::to_string(c.tileHeight)},
+      {"QNUTIL_PLUGIN_LO", std::to_string(c.lo)},           {"QNUTIL_PLUGIN_HI", std::to_string(c.hi)},
+      {"QNUTIL_PLUGIN_FAIL", c.fail},                       {"QNUTIL_PLUGIN_NO_TILES", c.noTiles ? "1" : "0"}};
   LoadedFilter filter("invert");
   ASSERT_NE(filter.get(), nullptr);
   const Image source = pattern_image(c.width, c.height);
@@ -47,7 +45,7 @@ TEST_P(InvertRun, StatusTraceAndEveryTileWrittenBackInsideTheImage) {
   EXPECT_EQ(outcome.ok, c.ok);
   EXPECT_EQ(outcome.status, c.status);  // -20xx: a record field the host set wrongly
   EXPECT_EQ(outcome.trace, c.trace);
-  EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, c.lo, c.hi, inverted, 0, c.invertedRows)), "");
+  EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, c.lo, c.hi, inverted, c.invertedRows)), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -150,7 +148,7 @@ TEST_F(Progress, FalseFromTheCallbackCancelsThroughAbortProc) {
   // Fifth report answered false: abortProc answers true without asking again.
   EXPECT_EQ(g_log.fractions.size(), 9u);
   // Rows handed back before the cancel are in the result; the row in hand is not.
-  EXPECT_EQ(first_difference(cancelled.image, with_planes_changed(source, 0, 2, inverted, 0, 4)), "");
+  EXPECT_EQ(first_difference(cancelled.image, with_planes_changed(source, 0, 2, inverted, 4)), "");
 
   // The next run, over another image, gets nothing of the abandoned tile.
   g_log = ProgressLog{};

@@ -113,9 +113,7 @@ TEST(DrawBitmap, SmoothModeAveragesReductionsAndKeepsFlatColours) {
   CQnBitmap dst, src;
   dst.SetInterpolationMode(2);
   dst.Create(2, 1);
-  std::vector<uint32_t> stripes;  // black and white columns
-  for (int i = 0; i < 8; ++i) stripes.push_back(i % 2 ? 0xFFFFFF : 0);
-  set_words(src, 8, 1, stripes);
+  set_words(src, 8, 1, {0, 0xFFFFFF, 0, 0xFFFFFF, 0, 0xFFFFFF, 0, 0xFFFFFF});  // black and white columns
   dst.DrawBitmap(0, 0, 1, 0, &src, 0, 0, 7, 0, 100);
   EXPECT_EQ(words_of(dst), (std::vector<uint32_t>{0x808080, 0x808080}));
   // Enlarging a flat colour gives the same colour everywhere.
