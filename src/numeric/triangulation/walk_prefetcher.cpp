@@ -90,12 +90,10 @@ void WalkPrefetcher::step(Scout& scout) const {
       scout.stage = Stage::last_beyond;
       return;
     }
-    case Stage::last_beyond: {
-      const auto [s0, s1, s2] = sides(scout.e);
-      mesh_.prefetch(mesh_.oprev(mesh_.lnext(mesh_.oprev(s2))));
+    case Stage::last_beyond:
+      mesh_.prefetch(mesh_.oprev(mesh_.lnext(mesh_.oprev(sides(scout.e)[2]))));
       scout.stage = Stage::idle;
       return;
-    }
   }
 }
 
