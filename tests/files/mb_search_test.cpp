@@ -81,7 +81,9 @@ class MbSearch : public ::testing::Test {
 TEST_F(MbSearch, HigherNumberedNameWinsBeforeThePlace) {
   const std::string root_file = std::string(kRoot) + "mb.ini";
   write_file(root_file, "");
-  if (fs::exists(root_file)) EXPECT_EQ(configuration_file(), root_file);
+  if (fs::exists(root_file)) {
+    EXPECT_EQ(configuration_file(), root_file);
+  }
   write_file(work_.file("mb.ini"), "");
   write_file(mb_.file("mb.ini"), "");
   use_mb_folder();

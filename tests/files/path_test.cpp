@@ -102,7 +102,7 @@ TEST(Makepath, NullOutputWritesNothingAndOverlongResultIsCut) {
 
 // Pieces are cut to their buffers; a null path gives empty pieces.
 TEST(Divide, SplitsIntoThreePieces) {
-  const std::string long_path = std::string(400, 'd') + "/" + std::string(400, 'n');
+  const std::string long_path = std::string(400, 'd').append("/").append(400, 'n');
   const std::string long_dir(QNUTIL_FOLDER_SIZE - 1, 'd'), long_name(QNUTIL_NAME_SIZE - 1, 'n');
   const struct {
     const char* path;
