@@ -35,7 +35,8 @@ void WalkPrefetcher::step(Scout& scout) const {
       scout.stage = Stage::edge;
       return;
     case Stage::edge:
-      if (orientation(mesh_.origin_point(scout.e), mesh_.destination_point(scout.e), scout.p) < 0)
+      // The side the real walk starts on (see DelaunayBuilder::locate).
+      if (orientation(mesh_.origin_point(scout.e), mesh_.destination_point(scout.e), scout.p) <= 0)
         scout.e = QuadEdgeMesh::sym(scout.e);
       mesh_.prefetch(mesh_.lnext(scout.e));
       scout.stage = Stage::face;

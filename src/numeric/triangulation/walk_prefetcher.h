@@ -33,7 +33,7 @@ class WalkPrefetcher {
   void advance(std::size_t position);
 
  private:
-    // After `face`, the stages load the faces the Delaunay repair is likely to
+  // After `face`, the stages load the faces the Delaunay repair is likely to
   // look at: the three neighbours of the face found, then the faces beyond
   // each neighbour's two far edges, one dependent load at a time.
   enum class Stage { idle, cell, edge, face, neighbours, far_edges, beyond, last_beyond };
