@@ -113,13 +113,10 @@ bool DelaunayBuilder::is_near_duplicate(const Point& p, EdgeRef face) const {
 // caches, and the prefetching copy of the walk would only cost time.
 void DelaunayBuilder::insert_all(const std::vector<VertexId>& order) {
   constexpr std::size_t kPrefetchFromPoints = std::size_t{1} << 16;
-  if (order.size() < kPrefetchFromPoints) {
-    for (VertexId v : order) insert(v);
-    return;
-  }
+  const bool prefetching = order.size() >= kPrefetchFromPoints;
   WalkPrefetcher prefetcher(vertices_, order, index_, mesh_);
   for (std::size_t i = 0; i < order.size(); ++i) {
-    prefetcher.advance(i);
+    if (prefetching) prefetcher.advance(i);
     insert(order[i]);
   }
 }

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "numeric/triangulation/predicates.h"
+#include "numeric/triangulation/prefetch.h"
 
 namespace qnutil::triangulation {
 
@@ -68,13 +69,8 @@ class QuadEdgeMesh {
   static EdgeRef primal(std::size_t record, int direction) {
     return static_cast<EdgeRef>(record * 4 + static_cast<std::size_t>(direction) * 2);
   }
-  // Starts loading e's record; walks that know where they go next hide the
-  // latency of a mesh far larger than the caches this way.
-  void prefetch(EdgeRef e) const {
-#if defined(__GNUC__)
-    __builtin_prefetch(&records_[e >> 2]);
-#endif
-  }
+  // Starts loading e's record.
+  void prefetch(EdgeRef e) const { triangulation::prefetch(&records_[e >> 2]); }
 
  private:
   struct alignas(64) Record {

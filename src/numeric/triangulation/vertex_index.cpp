@@ -31,20 +31,21 @@ VertexIndex::Cell VertexIndex::finest_cell(const Point& p) const {
   return {static_cast<std::size_t>(column), static_cast<std::size_t>(row)};
 }
 
+std::size_t VertexIndex::slot(int level, const Cell& finest) const {
+  const int shift = finest_level_ - level;
+  return level_offset_[level] + ((finest.row >> shift) << level) + (finest.column >> shift);
+}
+
 void VertexIndex::add(EdgeRef edge, const Point& p) {
   const Cell cell = finest_cell(p);
-  for (int level = finest_level_; level >= 0; --level) {
-    const int shift = finest_level_ - level;
-    cells_[level_offset_[level] + ((cell.row >> shift) << level) + (cell.column >> shift)] = edge;
-  }
+  for (int level = finest_level_; level >= 0; --level) cells_[slot(level, cell)] = edge;
 }
 
 template <class Accept>
 EdgeRef VertexIndex::finest_accepted(const Point& p, Accept accept) const {
   const Cell cell = finest_cell(p);
   for (int level = finest_level_; level >= 0; --level) {
-    const int shift = finest_level_ - level;
-    const EdgeRef found = cells_[level_offset_[level] + ((cell.row >> shift) << level) + (cell.column >> shift)];
+    const EdgeRef found = cells_[slot(level, cell)];
     if (found != kNone && accept(found)) return found;
   }
   return kNone;
@@ -59,10 +60,7 @@ EdgeRef VertexIndex::peek(const Point& p) const {
 }
 
 void VertexIndex::prefetch_cell(const Point& p) const {
-#if defined(__GNUC__)
-  const Cell cell = finest_cell(p);
-  __builtin_prefetch(&cells_[level_offset_[finest_level_] + (cell.row << finest_level_) + cell.column]);
-#endif
+  prefetch(&cells_[slot(finest_level_, finest_cell(p))]);
 }
 
 }  // namespace qnutil::triangulation

@@ -37,6 +37,8 @@ class VertexIndex {
     std::size_t row;
   };
   Cell finest_cell(const Point& p) const;
+  // Index in cells_ of the cell of `level` that holds the finest cell given.
+  std::size_t slot(int level, const Cell& finest) const;
   // The entry of each level's cell containing p, finest first, until f
   // accepts one; kNone when none is accepted.
   template <class Accept>
