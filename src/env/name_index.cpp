@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace qnutil::env {
 namespace {
@@ -26,10 +27,6 @@ std::size_t NameIndex::slot_of(std::string_view name, std::size_t hash) const {
   }
 }
 
-NameIndex::~NameIndex() {
-  for (const Slot& slot : slots_) delete slot.more;
-}
-
 Element* NameIndex::find(std::string_view name, long n, long& present) const {
   const Slot& slot = slots_[slot_of(name, hash_of(name))];
   if (!slot.first) {
@@ -47,7 +44,7 @@ void NameIndex::add_last(Element* element) {
   const std::size_t hash = hash_of(element->name());
   Slot& slot = slots_[slot_of(element->name(), hash)];
   if (slot.first) {
-    if (!slot.more) slot.more = new std::vector<Element*>;
+    if (!slot.more) slot.more = std::make_unique<std::vector<Element*>>();
     slot.more->push_back(element);
     return;
   }
@@ -58,8 +55,8 @@ void NameIndex::add_last(Element* element) {
 void NameIndex::grow() {
   std::vector<Slot> old(slots_.size() * 2);
   old.swap(slots_);
-  for (const Slot& slot : old)
-    if (slot.first) slots_[slot_of(slot.first->name(), slot.hash)] = slot;
+  for (Slot& slot : old)
+    if (slot.first) slots_[slot_of(slot.first->name(), slot.hash)] = std::move(slot);
 }
 
 void NameIndex::remove(Element* element) {
@@ -75,15 +72,10 @@ void NameIndex::remove(Element* element) {
     slot.first = slot.more->front();
     slot.more->erase(slot.more->begin());
   } else {
-    delete slot.more;
-    slot.more = nullptr;
     erase_slot(index);
     return;
   }
-  if (slot.more->empty()) {
-    delete slot.more;
-    slot.more = nullptr;
-  }
+  if (slot.more->empty()) slot.more.reset();
 }
 
 // Backward-shift deletion keeps every probe sequence unbroken without
@@ -94,7 +86,7 @@ void NameIndex::erase_slot(std::size_t index) {
     const std::size_t home = slots_[j].hash & mask;
     const bool movable = index <= j ? (home <= index || home > j) : (home <= index && home > j);
     if (movable) {
-      slots_[index] = slots_[j];
+      slots_[index] = std::move(slots_[j]);
       index = j;
     }
   }

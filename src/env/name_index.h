@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -13,9 +14,6 @@ namespace qnutil::env {
 class NameIndex {
  public:
   explicit NameIndex(const ElementList& list);
-  ~NameIndex();
-  NameIndex(const NameIndex&) = delete;
-  NameIndex& operator=(const NameIndex&) = delete;
 
   // The n-th (1-based) element of that name, or null; `present` receives how
   // many there are.
@@ -31,8 +29,9 @@ class NameIndex {
   struct Slot {
     std::size_t hash = 0;
     Element* first = nullptr;  // first occurrence of the name; null: empty slot
-    // Later occurrences of a repeated name, in list order (owned).
-    std::vector<Element*>* more = nullptr;
+    // Later occurrences of a repeated name, in list order; most names have
+    // none, so the slot stays small.
+    std::unique_ptr<std::vector<Element*>> more;
   };
 
   std::size_t slot_of(std::string_view name, std::size_t hash) const;
