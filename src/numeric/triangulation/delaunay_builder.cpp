@@ -17,16 +17,16 @@ double squared_distance(const Point& a, const Point& b) {
 
 }  // namespace
 
-DelaunayBuilder::DelaunayBuilder(const std::vector<Point>& vertices, VertexId a, VertexId b, VertexId c,
+DelaunayBuilder::DelaunayBuilder(const std::vector<Point>& vertices, const std::array<Point, 3>& corners,
                                  const Point& points_min, const Point& points_max, std::size_t expected_points)
-    : vertices_(vertices), index_(points_min, points_max, expected_points) {
+    : vertices_(vertices), mesh_(corners), index_(points_min, points_max, expected_points) {
   // A triangulation of k points has at most 3k - 6 edges; each point that
   // falls on an edge leaves one dead record behind.
   mesh_.reserve(3 * (expected_points + 3) + expected_points / 8 + 8);
-  const EdgeRef ab = mesh_.make_edge(a, vertices[a], b, vertices[b]);
-  const EdgeRef bc = mesh_.make_edge(b, vertices[b], c, vertices[c]);
+  const EdgeRef ab = mesh_.make_edge(QuadEdgeMesh::corner(0), QuadEdgeMesh::corner(1));
+  const EdgeRef bc = mesh_.make_edge(QuadEdgeMesh::corner(1), QuadEdgeMesh::corner(2));
   mesh_.splice(QuadEdgeMesh::sym(ab), bc);
-  const EdgeRef ca = mesh_.make_edge(c, vertices[c], a, vertices[a]);
+  const EdgeRef ca = mesh_.make_edge(QuadEdgeMesh::corner(2), QuadEdgeMesh::corner(0));
   mesh_.splice(QuadEdgeMesh::sym(bc), ca);
   mesh_.splice(QuadEdgeMesh::sym(ca), ab);
   starting_edge_ = ab;
@@ -78,9 +78,9 @@ bool DelaunayBuilder::left_face_contains(EdgeRef e, const Point& p) const {
   const EdgeRef e1 = mesh_.lnext(e);
   const EdgeRef e2 = mesh_.lnext(e1);
   if (mesh_.lnext(e2) != e) return false;
-  const Point& o = mesh_.origin_point(e);
-  const Point& d = mesh_.destination_point(e);
-  const Point& w = mesh_.destination_point(e1);
+  const Point o = mesh_.origin_point(e);
+  const Point d = mesh_.destination_point(e);
+  const Point w = mesh_.destination_point(e1);
   return orientation(o, d, w) > 0 && orientation(o, d, p) >= 0 && orientation(d, w, p) >= 0 &&
          orientation(w, o, p) >= 0;
 }
@@ -102,7 +102,7 @@ EdgeRef DelaunayBuilder::locate_by_scan(const Point& p) const {
 bool DelaunayBuilder::is_near_duplicate(const Point& p, EdgeRef face) const {
   EdgeRef e = face;
   do {
-    const Point& q = mesh_.origin_point(e);
+    const Point q = mesh_.origin_point(e);
     if (std::fabs(p.x - q.x) <= kDuplicateTolerance && std::fabs(p.y - q.y) <= kDuplicateTolerance) return true;
     e = mesh_.lnext(e);
   } while (e != face);
@@ -138,7 +138,7 @@ bool DelaunayBuilder::insert(VertexId v) {
     e = mesh_.oprev(e);
     mesh_.delete_edge(on);
   }
-  EdgeRef base = mesh_.make_edge(mesh_.origin(e), mesh_.origin_point(e), v, p);
+  EdgeRef base = mesh_.make_edge(mesh_.origin(e), QuadEdgeMesh::stored(p));
   mesh_.splice(base, e);
   starting_edge_ = base;
   do {
@@ -158,7 +158,7 @@ void DelaunayBuilder::restore_delaunay(VertexId v, EdgeRef e) {
   const Point& p = vertices_[v];
   for (;;) {
     const EdgeRef t = mesh_.oprev(e);
-    const Point& far = mesh_.destination_point(t);
+    const Point far = mesh_.destination_point(t);
     if (orientation_of(e, far) < 0 && in_circle(mesh_.origin_point(e), far, mesh_.destination_point(e), p) > 0) {
       mesh_.swap(e);
       e = mesh_.oprev(e);

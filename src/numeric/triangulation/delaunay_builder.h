@@ -5,6 +5,7 @@
 // inserted in the caller's order; every decision uses the exact predicates.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -17,11 +18,11 @@ namespace qnutil::triangulation {
 
 class DelaunayBuilder {
  public:
-  // `vertices` holds every point that may be inserted plus the enclosing
-  // triangle's corners a, b, c (counter-clockwise); it must outlive the
-  // builder. The index covers the box of the points to be inserted.
-  DelaunayBuilder(const std::vector<Point>& vertices, VertexId a, VertexId b, VertexId c,
-                  const Point& points_min, const Point& points_max, std::size_t expected_points);
+  // `vertices` holds every point that may be inserted, each a pair of
+  // floats; it must outlive the builder. `corners` are the enclosing
+  // triangle's, counter-clockwise. The index covers the box of the points to
+  // be inserted.
+  DelaunayBuilder(const std::vector<Point>& vertices, const std::array<Point, 3>& corners, const Point& points_min, const Point& points_max, std::size_t expected_points);
 
   // Inserts the vertices in the given order, each of which must lie strictly
   // inside the enclosing triangle, while loading what the next few

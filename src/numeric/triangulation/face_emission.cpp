@@ -23,7 +23,7 @@ void append_vertex(const Point& p, std::vector<float>& out) {
 // exactly when e comes first among them in collection order, which is the
 // order of the edge numbers. Only the third corner needs a look at another
 // record.
-void emit_faces(const QuadEdgeMesh& mesh, VertexId first_corner, const BoundaryClip& clip, std::vector<float>& out) {
+void emit_faces(const QuadEdgeMesh& mesh, const BoundaryClip& clip, std::vector<float>& out) {
   const std::size_t records = mesh.record_count();
   for (std::size_t record = 0; record < records; ++record) {
     if (record + kPrefetchDistance < records) {
@@ -35,14 +35,14 @@ void emit_faces(const QuadEdgeMesh& mesh, VertexId first_corner, const BoundaryC
       const EdgeRef e = QuadEdgeMesh::primal(record, direction);
       const EdgeRef last = mesh.lprev(e);
       if (mesh.lnext(e) < e || last < e) continue;
-      const VertexId corners[3] = {mesh.origin(e), mesh.destination(e), mesh.origin(last)};
-      const bool touches_corner = corners[0] >= first_corner || corners[1] >= first_corner || corners[2] >= first_corner;
-      const bool only_corners = corners[0] >= first_corner && corners[1] >= first_corner && corners[2] >= first_corner;
-      if (only_corners) continue;
-      const Point& p0 = mesh.origin_point(e);
-      const Point& p1 = mesh.destination_point(e);
-      const Point& p2 = mesh.origin_point(last);
-      if (!touches_corner) {
+      const bool corner0 = QuadEdgeMesh::is_corner(mesh.origin(e));
+      const bool corner1 = QuadEdgeMesh::is_corner(mesh.destination(e));
+      const bool corner2 = QuadEdgeMesh::is_corner(mesh.origin(last));
+      if (corner0 && corner1 && corner2) continue;
+      const Point p0 = mesh.origin_point(e);
+      const Point p1 = mesh.destination_point(e);
+      const Point p2 = mesh.origin_point(last);
+      if (!corner0 && !corner1 && !corner2) {
         append_vertex(p0, out);
         append_vertex(p1, out);
         append_vertex(p2, out);

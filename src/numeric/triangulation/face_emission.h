@@ -13,7 +13,6 @@
 
 namespace qnutil::triangulation {
 
-// Vertices numbered `first_corner` and above are the enclosing triangle's.
-void emit_faces(const QuadEdgeMesh& mesh, VertexId first_corner, const BoundaryClip& clip, std::vector<float>& out);
+void emit_faces(const QuadEdgeMesh& mesh, const BoundaryClip& clip, std::vector<float>& out);
 
 }  // namespace qnutil::triangulation

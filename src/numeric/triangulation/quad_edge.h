@@ -1,17 +1,21 @@
 // Quad-edge subdivision (Guibas and Stolfi) with index links: every
 // undirected edge is one record of four directed edges (the two primal
 // directions and the two dual ones), and a directed edge is named by
-// record * 4 + rotation. Each record also carries the coordinates of its
-// two end points, so that geometric tests along a walk touch one cache line
-// per edge. Records are kept in creation order; a deleted record stays in
-// place, marked dead, so that the order of the remaining records is the
-// order in which they were made.
+// record * 4 + rotation. Each record also carries its two end points, so
+// that geometric tests along a walk touch one record per edge, and a record
+// takes 32 bytes, two to a cache line: on a mesh far larger than the caches
+// the time goes into loading records. Records are kept in creation order; a
+// deleted record stays in place, so that the order of the remaining records
+// is the order in which they were made.
 #pragma once
 
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
+#include "numeric/triangulation/large_block_allocator.h"
 #include "numeric/triangulation/predicates.h"
 #include "numeric/triangulation/prefetch.h"
 
@@ -20,12 +24,32 @@ namespace qnutil::triangulation {
 using EdgeRef = std::uint32_t;
 using VertexId = std::uint32_t;
 
+// A vertex as a record holds it. Inserted points come from float input and
+// are kept as floats without loss; the enclosing triangle's corners need
+// doubles and are kept by the mesh, a record naming them by a NaN whose low
+// bits are the corner's number.
+struct StoredVertex {
+  float x;
+  float y;
+};
+
 class QuadEdgeMesh {
  public:
+  // `corners` are the enclosing triangle's corners 0, 1, 2.
+  explicit QuadEdgeMesh(const std::array<Point, 3>& corners) : corners_(corners) {}
+
   void reserve(std::size_t records) { records_.reserve(records); }
 
-  // A new isolated edge from vertex `from` at p to vertex `to` at q.
-  EdgeRef make_edge(VertexId from, const Point& p, VertexId to, const Point& q);
+  // `p` must be a pair of floats widened to doubles.
+  static StoredVertex stored(const Point& p) { return {static_cast<float>(p.x), static_cast<float>(p.y)}; }
+  static StoredVertex corner(unsigned number) { return {std::bit_cast<float>(kCornerBits | number), 0.0f}; }
+  static bool is_corner(const StoredVertex& v) { return v.x != v.x; }
+  Point point(const StoredVertex& v) const {
+    return is_corner(v) ? corners_[std::bit_cast<std::uint32_t>(v.x) & 3u] : Point{v.x, v.y};
+  }
+
+  // A new isolated edge from `from` to `to`.
+  EdgeRef make_edge(const StoredVertex& from, const StoredVertex& to);
   // Joins or separates the origin rings of a and b (and their left faces).
   void splice(EdgeRef a, EdgeRef b) {
     const EdgeRef alpha = rot(onext(a));
@@ -39,7 +63,7 @@ class QuadEdgeMesh {
   }
   // A new edge from a's destination to b's origin, sharing a's left face.
   EdgeRef connect(EdgeRef a, EdgeRef b);
-  // Detaches e from the subdivision and marks its record dead.
+  // Detaches e from the subdivision, which leaves its record dead.
   void delete_edge(EdgeRef e);
   // Turns e counter-clockwise inside the quadrilateral formed by its two faces.
   void swap(EdgeRef e) {
@@ -49,7 +73,7 @@ class QuadEdgeMesh {
     splice(sym(e), b);
     splice(e, lnext(a));
     splice(sym(e), lnext(b));
-    set_end_points(e, destination(a), destination_point(a), destination(b), destination_point(b));
+    set_end_points(e, destination(a), destination(b));
   }
 
   static EdgeRef rot(EdgeRef e) { return (e & ~3u) | ((e + 1) & 3u); }
@@ -59,13 +83,15 @@ class QuadEdgeMesh {
   EdgeRef oprev(EdgeRef e) const { return rot(onext(rot(e))); }
   EdgeRef lnext(EdgeRef e) const { return rot(onext(inv_rot(e))); }
   EdgeRef lprev(EdgeRef e) const { return sym(onext(e)); }
-  VertexId origin(EdgeRef e) const { return records_[e >> 2].origin[(e >> 1) & 1u]; }
-  VertexId destination(EdgeRef e) const { return origin(sym(e)); }
-  const Point& origin_point(EdgeRef e) const { return records_[e >> 2].point[(e >> 1) & 1u]; }
-  const Point& destination_point(EdgeRef e) const { return origin_point(sym(e)); }
+  const StoredVertex& origin(EdgeRef e) const { return records_[e >> 2].end[(e >> 1) & 1u]; }
+  const StoredVertex& destination(EdgeRef e) const { return origin(sym(e)); }
+  Point origin_point(EdgeRef e) const { return point(origin(e)); }
+  Point destination_point(EdgeRef e) const { return point(destination(e)); }
 
   std::size_t record_count() const { return records_.size(); }
-  bool alive(std::size_t record) const { return records_[record].alive != 0; }
+  // Once the first triangle is made every vertex has two edges or more, so
+  // only a deleted edge is alone in its origin ring.
+  bool alive(std::size_t record) const { return records_[record].next[0] != primal(record, 0); }
   static EdgeRef primal(std::size_t record, int direction) {
     return static_cast<EdgeRef>(record * 4 + static_cast<std::size_t>(direction) * 2);
   }
@@ -73,24 +99,23 @@ class QuadEdgeMesh {
   void prefetch(EdgeRef e) const { triangulation::prefetch(&records_[e >> 2]); }
 
  private:
-  struct alignas(64) Record {
+  static constexpr std::uint32_t kCornerBits = 0x7FC00000u;  // a quiet NaN
+
+  struct alignas(32) Record {
     EdgeRef next[4];
-    VertexId origin[2];  // of the primal directions 0 and 2
-    std::uint8_t alive;
-    Point point[2];
+    StoredVertex end[2];  // origins of the primal directions 0 and 2
   };
 
   EdgeRef& next(EdgeRef e) { return records_[e >> 2].next[e & 3u]; }
-  void set_end_points(EdgeRef e, VertexId from, const Point& p, VertexId to, const Point& q) {
+  void set_end_points(EdgeRef e, StoredVertex from, StoredVertex to) {
     Record& record = records_[e >> 2];
     const unsigned side = (e >> 1) & 1u;
-    record.origin[side] = from;
-    record.point[side] = p;
-    record.origin[side ^ 1u] = to;
-    record.point[side ^ 1u] = q;
+    record.end[side] = from;
+    record.end[side ^ 1u] = to;
   }
 
-  std::vector<Record> records_;
+  std::array<Point, 3> corners_;
+  std::vector<Record, LargeBlockAllocator<Record>> records_;
 };
 
 }  // namespace qnutil::triangulation

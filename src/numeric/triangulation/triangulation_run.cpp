@@ -1,6 +1,7 @@
 #include "numeric/triangulation/triangulation_run.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -43,40 +44,38 @@ std::vector<float> triangulate(int point_count, unsigned int boundary_count, con
   std::vector<float> out;
   if (point_count < 3 || boundary_count > static_cast<unsigned int>(point_count) || points == nullptr) return out;
   const auto n = static_cast<std::size_t>(point_count);
-  std::vector<Point> vertices(n + 3);
+  std::vector<Point> vertices(n);
   for (std::size_t i = 0; i < n; ++i) vertices[i] = {points[2 * i], points[2 * i + 1]};
 
   const Box box = boundary_box(vertices, boundary_count);
   // Deliberately unequal reach: B lies 3 widths right of the box, C 4 heights above it.
   const double width = box.max_x - box.min_x, height = box.max_y - box.min_y;
-  const auto a = static_cast<VertexId>(n), b = a + 1, c = a + 2;
-  vertices[a] = {box.min_x - width, box.min_y - height};
-  vertices[b] = {box.min_x + 4.0 * width, box.min_y - height};
-  vertices[c] = {box.min_x - width, box.min_y + 5.0 * height};
+  const std::array<Point, 3> corners{Point{box.min_x - width, box.min_y - height},
+                                     Point{box.min_x + 4.0 * width, box.min_y - height},
+                                     Point{box.min_x - width, box.min_y + 5.0 * height}};
+  const auto& [a, b, c] = corners;
   // A boundary with no extent in x or y (or an infinite one) gives no
   // triangle to start from, hence no triangles.
-  if (!is_finite(vertices[a]) || !is_finite(vertices[b]) || !is_finite(vertices[c]) ||
-      orientation(vertices[a], vertices[b], vertices[c]) <= 0)
-    return out;
+  if (!is_finite(a) || !is_finite(b) || !is_finite(c) || orientation(a, b, c) <= 0) return out;
 
   std::vector<VertexId> order;
   order.reserve(n);
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
   Point low{kInfinity, kInfinity}, high{-kInfinity, -kInfinity};
   for (std::size_t i = 0; i < n; ++i) {
-    if (!strictly_inside(vertices[i], vertices[a], vertices[b], vertices[c])) continue;
+    if (!strictly_inside(vertices[i], a, b, c)) continue;
     order.push_back(static_cast<VertexId>(i));
     const Point& p = vertices[i];
     low = {std::min(low.x, p.x), std::min(low.y, p.y)};
     high = {std::max(high.x, p.x), std::max(high.y, p.y)};
   }
 
-  DelaunayBuilder builder(vertices, a, b, c, low, high, order.size());
+  DelaunayBuilder builder(vertices, corners, low, high, order.size());
   builder.insert_all(order);
 
   out.reserve(12 * order.size() + 64);
   const BoundaryClip clip(box, vertices.data(), boundary_count);
-  emit_faces(builder.mesh(), a, clip, out);
+  emit_faces(builder.mesh(), clip, out);
   return out;
 }
 

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "numeric/triangulation/large_block_allocator.h"
 #include "numeric/triangulation/predicates.h"
 #include "numeric/triangulation/quad_edge.h"
 
@@ -49,7 +50,7 @@ class VertexIndex {
   double scale_y_ = 0.0;
   int finest_level_ = 0;
   std::vector<std::size_t> level_offset_;  // start of each level in cells_
-  std::vector<EdgeRef> cells_;
+  std::vector<EdgeRef, LargeBlockAllocator<EdgeRef>> cells_;
 };
 
 }  // namespace qnutil::triangulation

@@ -43,9 +43,9 @@ void WalkPrefetcher::step(Scout& scout) const {
       return;
     case Stage::face: {
       const EdgeRef first = mesh_.lnext(scout.e);
-      const Point& o = mesh_.origin_point(scout.e);
-      const Point& d = mesh_.destination_point(scout.e);
-      const Point& far = mesh_.destination_point(first);
+      const Point o = mesh_.origin_point(scout.e);
+      const Point d = mesh_.destination_point(scout.e);
+      const Point far = mesh_.destination_point(first);
       if (++scout.steps > kStepLimit) {
         scout.stage = Stage::idle;
       } else if (orientation(d, far, scout.p) < 0) {
