@@ -153,13 +153,17 @@ bool DelaunayBuilder::insert(VertexId v) {
 // Walks the edges opposite the new point; an edge whose far vertex lies in
 // the circle through the new point and the edge's ends is swapped, which
 // brings two more edges under suspicion. Points on the circle stay, so the
-// walk ends on every input, cocircular ones included.
+// walk ends on every input, cocircular ones included. Every face is a proper
+// triangle, so the far vertex lies right of an inner edge; beyond a side of
+// the enclosing triangle lies its outer face, whose corners turn clockwise,
+// and the in-circle test, its sign flipped, keeps that side (the new point
+// lies inside the enclosing triangle's circle). No orientation test is needed.
 void DelaunayBuilder::restore_delaunay(VertexId v, EdgeRef e) {
   const Point& p = vertices_[v];
   for (;;) {
     const EdgeRef t = mesh_.oprev(e);
     const Point far = mesh_.destination_point(t);
-    if (orientation_of(e, far) < 0 && in_circle(mesh_.origin_point(e), far, mesh_.destination_point(e), p) > 0) {
+    if (in_circle(mesh_.origin_point(e), far, mesh_.destination_point(e), p) > 0) {
       mesh_.swap(e);
       e = mesh_.oprev(e);
     } else if (mesh_.onext(e) == starting_edge_) {

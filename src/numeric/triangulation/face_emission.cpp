@@ -8,6 +8,11 @@ namespace {
 // early enough to overlap.
 constexpr std::size_t kPrefetchDistance = 16;
 
+// Whether the face left of e is collected at e. Reads e's record only.
+bool collected_at(const QuadEdgeMesh& mesh, EdgeRef e) {
+  return mesh.alive(e >> 2) && mesh.lnext(e) > e && mesh.lprev(e) > e;
+}
+
 void append_vertex(const Point& p, std::vector<float>& out) {
   out.push_back(to_float(p.x));
   out.push_back(to_float(p.y));
@@ -27,14 +32,15 @@ void emit_faces(const QuadEdgeMesh& mesh, const BoundaryClip& clip, std::vector<
   const std::size_t records = mesh.record_count();
   for (std::size_t record = 0; record < records; ++record) {
     if (record + kPrefetchDistance < records) {
-      for (int direction = 0; direction < 2; ++direction)
-        mesh.prefetch(mesh.lprev(QuadEdgeMesh::primal(record + kPrefetchDistance, direction)));
+      for (int direction = 0; direction < 2; ++direction) {
+        const EdgeRef ahead = QuadEdgeMesh::primal(record + kPrefetchDistance, direction);
+        if (collected_at(mesh, ahead)) mesh.prefetch(mesh.lprev(ahead));
+      }
     }
-    if (!mesh.alive(record)) continue;
     for (int direction = 0; direction < 2; ++direction) {
       const EdgeRef e = QuadEdgeMesh::primal(record, direction);
+      if (!collected_at(mesh, e)) continue;
       const EdgeRef last = mesh.lprev(e);
-      if (mesh.lnext(e) < e || last < e) continue;
       const bool corner0 = QuadEdgeMesh::is_corner(mesh.origin(e));
       const bool corner1 = QuadEdgeMesh::is_corner(mesh.destination(e));
       const bool corner2 = QuadEdgeMesh::is_corner(mesh.origin(last));

@@ -30,10 +30,40 @@ int exact_in_circle(const Point& a, const Point& b, const Point& c, const Point&
 
 }  // namespace detail
 
+namespace detail {
+
+// The determinants' products in plain floating point, shared by the exact
+// tests and by the estimates below.
+struct OrientationTerms {
+  double left, right;
+};
+inline OrientationTerms orientation_terms(const Point& a, const Point& b, const Point& c) {
+  return {(a.x - c.x) * (b.y - c.y), (a.y - c.y) * (b.x - c.x)};
+}
+
+struct InCircleTerms {
+  double det, permanent;
+};
+inline InCircleTerms in_circle_terms(const Point& a, const Point& b, const Point& c, const Point& d) {
+  const double adx = a.x - d.x, ady = a.y - d.y;
+  const double bdx = b.x - d.x, bdy = b.y - d.y;
+  const double cdx = c.x - d.x, cdy = c.y - d.y;
+  const double bdxcdy = bdx * cdy, cdxbdy = cdx * bdy;
+  const double cdxady = cdx * ady, adxcdy = adx * cdy;
+  const double adxbdy = adx * bdy, bdxady = bdx * ady;
+  const double a_lift = adx * adx + ady * ady;
+  const double b_lift = bdx * bdx + bdy * bdy;
+  const double c_lift = cdx * cdx + cdy * cdy;
+  return {a_lift * (bdxcdy - cdxbdy) + b_lift * (cdxady - adxcdy) + c_lift * (adxbdy - bdxady),
+          (std::fabs(bdxcdy) + std::fabs(cdxbdy)) * a_lift + (std::fabs(cdxady) + std::fabs(adxcdy)) * b_lift +
+              (std::fabs(adxbdy) + std::fabs(bdxady)) * c_lift};
+}
+
+}  // namespace detail
+
 // 1 when a, b, c turn counter-clockwise, -1 clockwise, 0 collinear.
 inline int orientation(const Point& a, const Point& b, const Point& c) {
-  const double left = (a.x - c.x) * (b.y - c.y);
-  const double right = (a.y - c.y) * (b.x - c.x);
+  const auto [left, right] = detail::orientation_terms(a, b, c);
   const double det = left - right;
   // Products of opposite sign (or a zero one) cannot cancel: the rounded
   // difference has the exact sign.
@@ -47,22 +77,20 @@ inline int orientation(const Point& a, const Point& b, const Point& c) {
 // For a, b, c counter-clockwise: 1 when d lies strictly inside their
 // circumcircle, -1 strictly outside, 0 on it (the sign flips for clockwise a, b, c).
 inline int in_circle(const Point& a, const Point& b, const Point& c, const Point& d) {
-  const double adx = a.x - d.x, ady = a.y - d.y;
-  const double bdx = b.x - d.x, bdy = b.y - d.y;
-  const double cdx = c.x - d.x, cdy = c.y - d.y;
-  const double bdxcdy = bdx * cdy, cdxbdy = cdx * bdy;
-  const double cdxady = cdx * ady, adxcdy = adx * cdy;
-  const double adxbdy = adx * bdy, bdxady = bdx * ady;
-  const double a_lift = adx * adx + ady * ady;
-  const double b_lift = bdx * bdx + bdy * bdy;
-  const double c_lift = cdx * cdx + cdy * cdy;
-  const double det = a_lift * (bdxcdy - cdxbdy) + b_lift * (cdxady - adxcdy) + c_lift * (adxbdy - bdxady);
-  const double permanent = (std::fabs(bdxcdy) + std::fabs(cdxbdy)) * a_lift +
-                           (std::fabs(cdxady) + std::fabs(adxcdy)) * b_lift +
-                           (std::fabs(adxbdy) + std::fabs(bdxady)) * c_lift;
+  const auto [det, permanent] = detail::in_circle_terms(a, b, c, d);
   const double bound = detail::kInCircleBound * permanent;
   if (det > bound || -det > bound) return detail::sign_of(det);
   return detail::exact_in_circle(a, b, c, d);
+}
+
+// Estimates of the two tests, whose sign may be wrong when the points are
+// nearly collinear or cocircular: for guesses that the exact tests check.
+inline bool probably_left_of(const Point& a, const Point& b, const Point& p) {
+  const auto [left, right] = detail::orientation_terms(a, b, p);
+  return left > right;
+}
+inline bool probably_in_circle(const Point& a, const Point& b, const Point& c, const Point& d) {
+  return detail::in_circle_terms(a, b, c, d).det > 0.0;
 }
 
 }  // namespace qnutil::triangulation

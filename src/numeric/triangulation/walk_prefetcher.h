@@ -33,20 +33,32 @@ class WalkPrefetcher {
   void advance(std::size_t position);
 
  private:
-  // After `face`, the stages load the faces the Delaunay repair is likely to
-  // look at: the three neighbours of the face found, then the faces beyond
-  // each neighbour's two far edges, one dependent load at a time.
-  enum class Stage { idle, cell, edge, face, neighbours, far_edges, beyond, last_beyond };
+  // After `face`, the copy follows the Delaunay repair ahead of time: the
+  // faces whose circumcircle holds the point are those the repair will swap
+  // away, and the repair looks at every side of that region. Each side
+  // waiting in `fresh` has its record being loaded; each in `awaiting` has
+  // the record of the edge to the vertex beyond it being loaded.
+  enum class Stage { idle, cell, edge, face, cavity };
+  static constexpr std::size_t kMaxSides = 8;
+  struct Sides {
+    std::array<EdgeRef, kMaxSides> edge{};
+    std::size_t count = 0;
+    void add(EdgeRef e) {
+      if (count < kMaxSides) edge[count++] = e;
+    }
+  };
   struct Scout {
     Point p;
     Stage stage = Stage::idle;
     EdgeRef e = 0;
     unsigned steps = 0;
+    Sides fresh;
+    Sides awaiting;
   };
 
   void step(Scout& scout) const;
-  // The sides of the face found, its left face, counter-clockwise from it.
-  std::array<EdgeRef, 3> sides(EdgeRef face) const;
+  // Moves each side of the region one load on; see Stage.
+  void grow_cavity(Scout& scout) const;
 
   const std::vector<Point>& vertices_;
   const std::vector<VertexId>& order_;
