@@ -13,11 +13,6 @@ bool collected_at(const QuadEdgeMesh& mesh, EdgeRef e) {
   return mesh.alive(e >> 2) && mesh.lnext(e) > e && mesh.lprev(e) > e;
 }
 
-void append_vertex(const Point& p, std::vector<float>& out) {
-  out.push_back(to_float(p.x));
-  out.push_back(to_float(p.y));
-}
-
 }  // namespace
 
 // Every face of the subdivision is a triangle: it starts as one, an
@@ -40,20 +35,19 @@ void emit_faces(const QuadEdgeMesh& mesh, const BoundaryClip& clip, std::vector<
     for (int direction = 0; direction < 2; ++direction) {
       const EdgeRef e = QuadEdgeMesh::primal(record, direction);
       if (!collected_at(mesh, e)) continue;
-      const EdgeRef last = mesh.lprev(e);
-      const bool corner0 = QuadEdgeMesh::is_corner(mesh.origin(e));
-      const bool corner1 = QuadEdgeMesh::is_corner(mesh.destination(e));
-      const bool corner2 = QuadEdgeMesh::is_corner(mesh.origin(last));
+      const StoredVertex& v0 = mesh.origin(e);
+      const StoredVertex& v1 = mesh.destination(e);
+      const StoredVertex& v2 = mesh.origin(mesh.lprev(e));
+      const bool corner0 = QuadEdgeMesh::is_corner(v0);
+      const bool corner1 = QuadEdgeMesh::is_corner(v1);
+      const bool corner2 = QuadEdgeMesh::is_corner(v2);
       if (corner0 && corner1 && corner2) continue;
-      const Point p0 = mesh.origin_point(e);
-      const Point p1 = mesh.destination_point(e);
-      const Point p2 = mesh.origin_point(last);
       if (!corner0 && !corner1 && !corner2) {
-        append_vertex(p0, out);
-        append_vertex(p1, out);
-        append_vertex(p2, out);
+        // Inserted points are stored as the floats they came as.
+        const float corners[6] = {v0.x, v0.y, v1.x, v1.y, v2.x, v2.y};
+        out.insert(out.end(), corners, corners + 6);
       } else {
-        clip.clip({p0, p1, p2}, out);
+        clip.clip({mesh.point(v0), mesh.point(v1), mesh.point(v2)}, out);
       }
     }
   }
