@@ -43,7 +43,7 @@ float to_float(double value) {
   return static_cast<float>(value);
 }
 
-void append_counter_clockwise(const Point& a, const Point& b, const Point& c, std::vector<float>& out) {
+void append_counter_clockwise(const Point& a, const Point& b, const Point& c, TriangleArray& out) {
   // Orientation is decided on the coordinates as stored, so that rounding to
   // float can never leave a clockwise triangle behind.
   const float corner[6] = {to_float(a.x), to_float(a.y), to_float(b.x), to_float(b.y), to_float(c.x), to_float(c.y)};
@@ -52,9 +52,9 @@ void append_counter_clockwise(const Point& a, const Point& b, const Point& c, st
   const bool counter_clockwise = finite && orientation({corner[0], corner[1]}, {corner[2], corner[3]},
                                                        {corner[4], corner[5]}) > 0;
   if (counter_clockwise) {
-    out.insert(out.end(), corner, corner + 6);
+    out.append(corner);
   } else {
-    out.insert(out.end(), {corner[4], corner[5], corner[2], corner[3], corner[0], corner[1]});
+    out.append({corner[4], corner[5], corner[2], corner[3], corner[0], corner[1]});
   }
 }
 
@@ -68,7 +68,7 @@ bool BoundaryClip::recognised_as_outside(const Point& p) const {
   return p.x < box_.min_x || (p.x > box_.max_x && p.y < box_.min_y) || p.y > box_.max_y;
 }
 
-void BoundaryClip::clip(const Point (&corner)[3], std::vector<float>& out) const {
+void BoundaryClip::clip(const Point (&corner)[3], TriangleArray& out) const {
   int inside = -1, outside = -1;
   for (int i = 0; i < 3; ++i) {
     if (inside < 0 && strictly_inside_box(corner[i])) inside = i;

@@ -5,9 +5,9 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
 
 #include "numeric/triangulation/predicates.h"
+#include "numeric/triangulation/triangle_array.h"
 
 namespace qnutil::triangulation {
 
@@ -21,8 +21,8 @@ class BoundaryClip {
       : box_(box), boundary_(boundary), boundary_size_(boundary_size) {}
 
   // Appends the clipped triangles of the face with corners `corner` (its
-  // first three vertices in walk order) to `out`, six floats per triangle.
-  void clip(const Point (&corner)[3], std::vector<float>& out) const;
+  // first three vertices in walk order) to `out`.
+  void clip(const Point (&corner)[3], TriangleArray& out) const;
 
  private:
   bool strictly_inside_box(const Point& p) const;
@@ -35,7 +35,7 @@ class BoundaryClip {
 
 // Appends triangle a, b, c to `out` as floats, reversed to c, b, a unless
 // the stored corners turn counter-clockwise.
-void append_counter_clockwise(const Point& a, const Point& b, const Point& c, std::vector<float>& out);
+void append_counter_clockwise(const Point& a, const Point& b, const Point& c, TriangleArray& out);
 
 // Nearest float, saturating to infinity beyond the float range.
 float to_float(double value);

@@ -23,7 +23,7 @@ bool collected_at(const QuadEdgeMesh& mesh, EdgeRef e) {
 // exactly when e comes first among them in collection order, which is the
 // order of the edge numbers. Only the third corner needs a look at another
 // record.
-void emit_faces(const QuadEdgeMesh& mesh, const BoundaryClip& clip, std::vector<float>& out) {
+void emit_faces(const QuadEdgeMesh& mesh, const BoundaryClip& clip, TriangleArray& out) {
   const std::size_t records = mesh.record_count();
   for (std::size_t record = 0; record < records; ++record) {
     if (record + kPrefetchDistance < records) {
@@ -45,7 +45,7 @@ void emit_faces(const QuadEdgeMesh& mesh, const BoundaryClip& clip, std::vector<
       if (!corner0 && !corner1 && !corner2) {
         // Inserted points are stored as the floats they came as.
         const float corners[6] = {v0.x, v0.y, v1.x, v1.y, v2.x, v2.y};
-        out.insert(out.end(), corners, corners + 6);
+        out.append(corners);
       } else {
         clip.clip({mesh.point(v0), mesh.point(v1), mesh.point(v2)}, out);
       }

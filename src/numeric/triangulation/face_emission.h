@@ -5,7 +5,6 @@
 // corners are handed to the boundary clip.
 #pragma once
 
-#include <vector>
 
 #include "numeric/triangulation/boundary_clip.h"
 #include "numeric/triangulation/predicates.h"
@@ -13,6 +12,6 @@
 
 namespace qnutil::triangulation {
 
-void emit_faces(const QuadEdgeMesh& mesh, const BoundaryClip& clip, std::vector<float>& out);
+void emit_faces(const QuadEdgeMesh& mesh, const BoundaryClip& clip, TriangleArray& out);
 
 }  // namespace qnutil::triangulation

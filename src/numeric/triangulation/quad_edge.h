@@ -65,15 +65,29 @@ class QuadEdgeMesh {
   EdgeRef connect(EdgeRef a, EdgeRef b);
   // Detaches e from the subdivision, which leaves its record dead.
   void delete_edge(EdgeRef e);
-  // Turns e counter-clockwise inside the quadrilateral formed by its two faces.
+  // Turns e counter-clockwise inside the quadrilateral formed by its two
+  // faces. Both faces are triangles, so the four other sides of the
+  // quadrilateral are named in e's own record, and the rings that change
+  // are written outright: the origin rings at the four corners and the two
+  // face rings (the dual ring of x's left face holds inv_rot(lnext(x)) at
+  // inv_rot(x)).
   void swap(EdgeRef e) {
-    const EdgeRef a = oprev(e);
-    const EdgeRef b = oprev(sym(e));
-    splice(e, a);
-    splice(sym(e), b);
-    splice(e, lnext(a));
-    splice(sym(e), lnext(b));
-    set_end_points(e, destination(a), destination(b));
+    const EdgeRef s = sym(e);
+    const EdgeRef f = lnext(e), g = lprev(e), h = lnext(s), k = lprev(s);
+    const StoredVertex from = origin(k), to = origin(g);
+    next(h) = sym(g);
+    next(f) = sym(k);
+    next(k) = e;
+    next(e) = sym(h);
+    next(g) = s;
+    next(s) = sym(f);
+    set_lnext(e, g);
+    set_lnext(g, h);
+    set_lnext(h, e);
+    set_lnext(s, k);
+    set_lnext(k, f);
+    set_lnext(f, s);
+    set_end_points(e, from, to);
   }
 
   static EdgeRef rot(EdgeRef e) { return (e & ~3u) | ((e + 1) & 3u); }
@@ -107,6 +121,7 @@ class QuadEdgeMesh {
   };
 
   EdgeRef& next(EdgeRef e) { return records_[e >> 2].next[e & 3u]; }
+  void set_lnext(EdgeRef x, EdgeRef y) { next(inv_rot(x)) = inv_rot(y); }
   void set_end_points(EdgeRef e, StoredVertex from, StoredVertex to) {
     Record& record = records_[e >> 2];
     const unsigned side = (e >> 1) & 1u;

@@ -1,9 +1,9 @@
-// The exported pair: the run's triangles handed over in one array that only
-// FreeTriangs releases.
-#include <algorithm>
+// The exported pair: the run's triangles handed over in the array they were
+// written to, which only FreeTriangs releases.
+#include <cstddef>
 #include <limits>
+#include <memory>
 #include <new>
-#include <vector>
 
 #include "frame/export_guard.h"
 #include "numeric/triangulation/triangulation_run.h"
@@ -15,14 +15,14 @@ extern "C" QNUTIL_API int QNUTIL_CALL Triangulieren(int n, unsigned int nb, cons
   *triangles = nullptr;
   *count = 0;
   return qnutil::frame::guard_export(0, [&] {
-    const std::vector<float> corners = qnutil::triangulation::triangulate(n, nb, points);
-    const std::size_t triangle_count = corners.size() / 6;
+    qnutil::triangulation::TriangleArray result = qnutil::triangulation::triangulate(n, nb, points);
+    const std::size_t triangle_count = result.size();
     if (triangle_count > std::numeric_limits<unsigned int>::max()) return 0;
+    std::unique_ptr<float[]> array = result.release();
     // An empty result is still an array of its own (new[] of zero elements).
-    float* array = new (std::nothrow) float[triangle_count * 6];
+    if (array == nullptr) array.reset(new (std::nothrow) float[0]);
     if (array == nullptr) return 0;
-    std::copy(corners.begin(), corners.end(), array);
-    *triangles = array;
+    *triangles = array.release();
     *count = static_cast<unsigned int>(triangle_count);
     return 1;
   });

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <vector>
 
 #include "numeric/triangulation/boundary_clip.h"
 #include "numeric/triangulation/delaunay_builder.h"
@@ -40,8 +41,8 @@ bool strictly_inside(const Point& p, const Point& a, const Point& b, const Point
 
 }  // namespace
 
-std::vector<float> triangulate(int point_count, unsigned int boundary_count, const float* points) {
-  std::vector<float> out;
+TriangleArray triangulate(int point_count, unsigned int boundary_count, const float* points) {
+  TriangleArray out;
   if (point_count < 3 || boundary_count > static_cast<unsigned int>(point_count) || points == nullptr) return out;
   const auto n = static_cast<std::size_t>(point_count);
   std::vector<Point> vertices(n);
@@ -73,7 +74,9 @@ std::vector<float> triangulate(int point_count, unsigned int boundary_count, con
   DelaunayBuilder builder(vertices, corners, low, high, order.size());
   builder.insert_all(order);
 
-  out.reserve(12 * order.size() + 64);
+  // k points inside a triangle make 2k + 1 faces; the faces along the
+  // boundary, clipped, yield a few triangles per boundary point more.
+  out.reserve(2 * order.size() + 1 + 4 * std::size_t{boundary_count} + 16);
   const BoundaryClip clip(box, vertices.data(), boundary_count);
   emit_faces(builder.mesh(), clip, out);
   return out;

@@ -2,13 +2,12 @@
 // Delaunay triangulation of all points, and the triangles emitted from it.
 #pragma once
 
-#include <vector>
+#include "numeric/triangulation/triangle_array.h"
 
 namespace qnutil::triangulation {
 
 // Triangulates `point_count` points (x, y pairs), the first `boundary_count`
-// of which form the boundary polygon. Returns six floats per triangle; empty
-// for invalid counts.
-std::vector<float> triangulate(int point_count, unsigned int boundary_count, const float* points);
+// of which form the boundary polygon. Empty for invalid counts.
+TriangleArray triangulate(int point_count, unsigned int boundary_count, const float* points);
 
 }  // namespace qnutil::triangulation
