@@ -39,11 +39,13 @@ bool DelaunayBuilder::random_bit() {
   return (random_state_ & 1u) != 0;
 }
 
-// The walk starts at whichever is nearer: the edge the index offers or the
-// vertex inserted last (inputs often arrive in spatial order).
-EdgeRef DelaunayBuilder::walk_start(const Point& p) const {
+// The walk starts at whichever is nearer: `near` if still in the mesh, else
+// the edge the index offers; or the vertex inserted last (inputs often
+// arrive in spatial order).
+EdgeRef DelaunayBuilder::walk_start(const Point& p, EdgeRef near) const {
   const EdgeRef last = QuadEdgeMesh::sym(starting_edge_);
-  const EdgeRef indexed = index_.near(p, mesh_);
+  const bool near_alive = near != VertexIndex::kNone && mesh_.alive(near >> 2);
+  const EdgeRef indexed = near_alive ? near : index_.near(p, mesh_);
   if (indexed == VertexIndex::kNone) return last;
   const double last_distance = squared_distance(mesh_.origin_point(last), p);
   return squared_distance(mesh_.origin_point(indexed), p) < last_distance ? indexed : last;
@@ -116,14 +118,18 @@ void DelaunayBuilder::insert_all(const std::vector<VertexId>& order) {
   const bool prefetching = order.size() >= kPrefetchFromPoints;
   WalkPrefetcher prefetcher(vertices_, order, index_, mesh_);
   for (std::size_t i = 0; i < order.size(); ++i) {
-    if (prefetching) prefetcher.advance(i);
-    insert(order[i]);
+    EdgeRef near = VertexIndex::kNone;
+    if (prefetching) {
+      near = prefetcher.face_found(i);
+      prefetcher.advance(i);
+    }
+    insert(order[i], near);
   }
 }
 
-bool DelaunayBuilder::insert(VertexId v) {
+bool DelaunayBuilder::insert(VertexId v, EdgeRef near) {
   const Point& p = vertices_[v];
-  EdgeRef e = locate(p, walk_start(p));
+  EdgeRef e = locate(p, walk_start(p, near));
   if (is_near_duplicate(p, e)) return false;
   // p is not a corner, so at most one edge of the face passes through it.
   if (orientation_of(mesh_.lnext(e), p) == 0) {

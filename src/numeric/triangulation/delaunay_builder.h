@@ -34,8 +34,9 @@ class DelaunayBuilder {
  private:
   // Returns false when v duplicates a vertex already present (both
   // coordinates within 1e-5 of a corner of the face that holds it).
-  bool insert(VertexId v);
-  EdgeRef walk_start(const Point& p) const;
+  // `near`, if not VertexIndex::kNone, is an edge likely near v.
+  bool insert(VertexId v, EdgeRef near);
+  EdgeRef walk_start(const Point& p, EdgeRef near) const;
   // An edge whose closed left face contains p.
   EdgeRef locate(const Point& p, EdgeRef start);
   EdgeRef locate_by_scan(const Point& p) const;

@@ -61,6 +61,7 @@ void WalkPrefetcher::step(Scout& scout) const {
       } else {
         // The face found: the records of its first two sides are loaded.
         const EdgeRef s0 = scout.e, s2 = mesh_.lnext(first);
+        scout.face = s0;
         mesh_.prefetch(mesh_.oprev(s0));
         mesh_.prefetch(mesh_.oprev(first));
         mesh_.prefetch(s2);

@@ -3,9 +3,11 @@
 // that stalls the walk. The prefetcher runs a light copy of the walk for
 // each of the next few points, one dependent load per point and insertion,
 // so that many loads are in flight at once; when a point's turn comes, the
-// records its walk and its Delaunay repair need are mostly loaded. It only
-// reads the mesh and never decides anything: a copy that goes astray on a
-// mesh changed in between just loads records for nothing.
+// records its walk and its Delaunay repair need are mostly loaded, and its
+// real walk starts at the face the copy arrived at. The copy only reads the
+// mesh and guesses with estimated tests; the real walk decides exactly, and
+// a copy that goes astray on a mesh changed in between just loads records
+// for nothing.
 #pragma once
 
 #include <array>
@@ -31,6 +33,9 @@ class WalkPrefetcher {
   // inserted: starts the copy for the point kAhead further on and moves each
   // running copy one load ahead.
   void advance(std::size_t position);
+  // An edge of the face the copy for the point at `position` arrived at, or
+  // VertexIndex::kNone; to be asked before advance(position).
+  EdgeRef face_found(std::size_t position) const { return scouts_[position % kAhead].face; }
 
  private:
   // After `face`, the copy follows the Delaunay repair ahead of time: the
@@ -51,6 +56,7 @@ class WalkPrefetcher {
     Point p;
     Stage stage = Stage::idle;
     EdgeRef e = 0;
+    EdgeRef face = VertexIndex::kNone;
     unsigned steps = 0;
     Sides fresh;
     Sides awaiting;
