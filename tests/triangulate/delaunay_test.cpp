@@ -32,14 +32,14 @@ std::vector<Vertex> grid(int side, double angle) {
   return points;
 }
 
-// A 33 x 33 grid inserted coarse to fine: most points fall exactly on an
-// edge of the triangulation built so far.
-std::vector<Vertex> grid_coarse_to_fine() {
+// A (span + 1)-square grid, span a power of two, inserted coarse to fine:
+// most points fall exactly on an edge of the triangulation built so far.
+std::vector<Vertex> grid_coarse_to_fine(int span) {
   std::vector<Vertex> points;
-  for (int step = 32; step >= 1; step /= 2)
-    for (int row = 0; row <= 32; row += step)
-      for (int column = 0; column <= 32; column += step)
-        if (step == 32 || row % (2 * step) != 0 || column % (2 * step) != 0)
+  for (int step = span; step >= 1; step /= 2)
+    for (int row = 0; row <= span; row += step)
+      for (int column = 0; column <= span; column += step)
+        if (step == span || row % (2 * step) != 0 || column % (2 * step) != 0)
           points.push_back({static_cast<float>(column), static_cast<float>(row)});
   return points;
 }
@@ -122,7 +122,10 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"Grid50", [] { return grid(50, 0.0); }, true},
                       Case{"RotatedGrid50", [] { return grid(50, 0.3); }, true},
                       Case{"SteepRotatedGrid40", [] { return grid(40, 1.1); }, true},
-                      Case{"GridCoarseToFine", grid_coarse_to_fine, true},
+                      Case{"GridCoarseToFine", [] { return grid_coarse_to_fine(32); }, true},
+                      // Degenerate inputs large enough to prefetch ahead.
+                      Case{"RotatedGrid260", [] { return grid(260, 0.3); }, true},
+                      Case{"GridCoarseToFine256", [] { return grid_coarse_to_fine(256); }, true},
                       Case{"CollinearRuns", collinear_runs, false},
                       Case{"Cocircular", cocircular, false},
                       Case{"RoundedCircle", rounded_circle, false},
