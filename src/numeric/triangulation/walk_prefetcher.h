@@ -42,7 +42,8 @@ class WalkPrefetcher {
   // faces whose circumcircle holds the point are those the repair will swap
   // away, and the repair looks at every side of that region. Each side
   // waiting in `fresh` has its record being loaded; each in `awaiting` has
-  // the record of the edge to the vertex beyond it being loaded.
+  // the record of the edge to the vertex beyond it being loaded. A region
+  // with more sides than kMaxSides is followed only along the first ones.
   enum class Stage { idle, cell, edge, face, cavity };
   static constexpr std::size_t kMaxSides = 8;
   struct Sides {
