@@ -15,9 +15,10 @@ namespace qnutil::env {
 namespace {
 
 constexpr int kFormatBuffer = 1024;
-// Filling a gap of occurrence numbers creates empty elements; a gap larger
-// than this is taken for a mistyped path rather than allocated.
-constexpr long kMaxCreatedOccurrences = 1L << 24;
+// Filling gaps of occurrence numbers creates empty elements; a put that would
+// create more than this many in all is taken for a mistyped path rather than
+// allocated (a name read as a path can ask for millions).
+constexpr long kMaxCreatedElements = 1L << 16;
 
 void store(Element* element, const char* text, unsigned external) {
   if (text)
@@ -30,14 +31,22 @@ void store(Element* element, const char* text, unsigned external) {
 // first missing component as many elements of its name as its occurrence
 // number lacks (empty data elements, then the one that continues the
 // path), for every further component its occurrence number of elements.
-// An occurrence number 0 cannot be created and gives a bad path.
+// An occurrence number 0 cannot be created and gives a bad path, as does a
+// put beyond kMaxCreatedElements; both are found before anything is created.
 int create_missing(EnvHandle* env, const char* text, unsigned external) {
   const PendingSteps& pending = pending_steps();
-  Element* current = env->current;
-  long missing = pending.missing;
+  auto count_of = [&pending](const PathStep* step) {
+    return step == pending.first ? pending.missing : step->occurrence;
+  };
+  long total = 0;
   for (const PathStep* step = pending.first; step != pending.end; ++step) {
-    if (step != pending.first) missing = step->occurrence;
-    if (missing < 1 || missing > kMaxCreatedOccurrences) return ENV_BAD_PATH;
+    const long missing = count_of(step);
+    if (missing < 1 || missing > kMaxCreatedElements - total) return ENV_BAD_PATH;
+    total += missing;
+  }
+  Element* current = env->current;
+  for (const PathStep* step = pending.first; step != pending.end; ++step) {
+    const long missing = count_of(step);
     ElementList& list = make_block(current);
     for (long i = 1; i < missing; ++i) list.append(new_data(step->name, ""));
     current = new_element(step->name);

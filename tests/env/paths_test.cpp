@@ -70,6 +70,20 @@ TEST(EnvPaths, CountsAndCreationUnderEmptyBlocks) {
   EXPECT_EQ(env_count_elements(empty, "S", nullptr, 1), 0);
 }
 
+// Gaps are filled up to 65,536 created elements per put; a put asking for
+// more in all is rejected before anything is created.
+TEST(EnvPaths, CreationIsBoundedPerPut) {
+  Env env;
+  MessageCapture quiet;
+  EXPECT_EQ(env_put(env, "S", "a@65537", "x"), ENV_BAD_PATH);
+  EXPECT_EQ(env_put(env, "S", "b@40000@c@30000", "x"), ENV_BAD_PATH);
+  EXPECT_EQ(env_put(env, "S", "d@2@e@0", "x"), ENV_BAD_PATH);
+  for (const char* name : {"a", "b", "d"}) EXPECT_EQ(env_count_path(env, "S", name, 1), 0) << name;
+  ASSERT_EQ(env_put(env, "S", "a@65536", "x"), ENV_OK);
+  EXPECT_EQ(env_count_path(env, "S", "a", 1), 65536);
+  EXPECT_EQ(get_text(env, "S", "a@65536"), "x");
+}
+
 TEST(EnvPaths, PutReplacesContentOfAnyKind) {
   Env env;
   put_all(env, {{"S", "x@y", "1"}, {"S", "x", "flat"}});  // the block loses its list
