@@ -44,8 +44,7 @@ bool DelaunayBuilder::random_bit() {
 // arrive in spatial order).
 EdgeRef DelaunayBuilder::walk_start(const Point& p, EdgeRef near) const {
   const EdgeRef last = QuadEdgeMesh::sym(starting_edge_);
-  const bool near_alive = near != VertexIndex::kNone && mesh_.alive(near >> 2);
-  const EdgeRef indexed = near_alive ? near : index_.near(p, mesh_);
+  const EdgeRef indexed = near != VertexIndex::kNone && mesh_.alive(near) ? near : index_.near(p, mesh_);
   if (indexed == VertexIndex::kNone) return last;
   const double last_distance = squared_distance(mesh_.origin_point(last), p);
   return squared_distance(mesh_.origin_point(indexed), p) < last_distance ? indexed : last;
@@ -89,10 +88,9 @@ bool DelaunayBuilder::left_face_contains(EdgeRef e, const Point& p) const {
 
 EdgeRef DelaunayBuilder::locate_by_scan(const Point& p) const {
   for (std::size_t record = 0; record < mesh_.record_count(); ++record) {
-    if (!mesh_.alive(record)) continue;
     for (int direction = 0; direction < 2; ++direction) {
       const EdgeRef e = QuadEdgeMesh::primal(record, direction);
-      if (left_face_contains(e, p)) return e;
+      if (mesh_.alive(e) && left_face_contains(e, p)) return e;
     }
   }
   return starting_edge_;  // unreachable for points inside the enclosing triangle
@@ -127,10 +125,10 @@ void DelaunayBuilder::insert_all(const std::vector<VertexId>& order) {
   }
 }
 
-bool DelaunayBuilder::insert(VertexId v, EdgeRef near) {
+void DelaunayBuilder::insert(VertexId v, EdgeRef near) {
   const Point& p = vertices_[v];
   EdgeRef e = locate(p, walk_start(p, near));
-  if (is_near_duplicate(p, e)) return false;
+  if (is_near_duplicate(p, e)) return;
   // p is not a corner, so at most one edge of the face passes through it.
   if (orientation_of(mesh_.lnext(e), p) == 0) {
     e = mesh_.lnext(e);
@@ -153,7 +151,6 @@ bool DelaunayBuilder::insert(VertexId v, EdgeRef near) {
   } while (mesh_.lnext(e) != starting_edge_);
   restore_delaunay(v, e);
   index_.add(QuadEdgeMesh::sym(starting_edge_), p);
-  return true;
 }
 
 // Walks the edges opposite the new point; an edge whose far vertex lies in

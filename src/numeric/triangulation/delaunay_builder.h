@@ -22,7 +22,8 @@ class DelaunayBuilder {
   // floats; it must outlive the builder. `corners` are the enclosing
   // triangle's, counter-clockwise. The index covers the box of the points to
   // be inserted.
-  DelaunayBuilder(const std::vector<Point>& vertices, const std::array<Point, 3>& corners, const Point& points_min, const Point& points_max, std::size_t expected_points);
+  DelaunayBuilder(const std::vector<Point>& vertices, const std::array<Point, 3>& corners, const Point& points_min,
+                  const Point& points_max, std::size_t expected_points);
 
   // Inserts the vertices in the given order, each of which must lie strictly
   // inside the enclosing triangle, while loading what the next few
@@ -32,10 +33,10 @@ class DelaunayBuilder {
   const QuadEdgeMesh& mesh() const { return mesh_; }
 
  private:
-  // Returns false when v duplicates a vertex already present (both
+  // Leaves v out when it duplicates a vertex already present (both
   // coordinates within 1e-5 of a corner of the face that holds it).
   // `near`, if not VertexIndex::kNone, is an edge likely near v.
-  bool insert(VertexId v, EdgeRef near);
+  void insert(VertexId v, EdgeRef near);
   EdgeRef walk_start(const Point& p, EdgeRef near) const;
   // An edge whose closed left face contains p.
   EdgeRef locate(const Point& p, EdgeRef start);

@@ -10,7 +10,7 @@ constexpr std::size_t kPrefetchDistance = 16;
 
 // Whether the face left of e is collected at e. Reads e's record only.
 bool collected_at(const QuadEdgeMesh& mesh, EdgeRef e) {
-  return mesh.alive(e >> 2) && mesh.lnext(e) > e && mesh.lprev(e) > e;
+  return mesh.alive(e) && mesh.lnext(e) > e && mesh.lprev(e) > e;
 }
 
 }  // namespace

@@ -103,9 +103,10 @@ class QuadEdgeMesh {
   Point destination_point(EdgeRef e) const { return point(destination(e)); }
 
   std::size_t record_count() const { return records_.size(); }
-  // Once the first triangle is made every vertex has two edges or more, so
-  // only a deleted edge is alone in its origin ring.
-  bool alive(std::size_t record) const { return records_[record].next[0] != primal(record, 0); }
+  // Whether e's record is still in the mesh. Once the first triangle is made
+  // every vertex has two edges or more, so only a deleted edge is alone in
+  // its origin ring.
+  bool alive(EdgeRef e) const { return records_[e >> 2].next[0] != (e & ~3u); }
   static EdgeRef primal(std::size_t record, int direction) {
     return static_cast<EdgeRef>(record * 4 + static_cast<std::size_t>(direction) * 2);
   }

@@ -14,7 +14,6 @@ class TriangleArray {
   void reserve(std::size_t triangles);
   void append(const float (&corners)[6]);
   std::size_t size() const { return size_; }
-  const float* data() const { return floats_.get(); }
   // The array, size() triangles long, for the caller to delete[]; null when
   // nothing was ever reserved or appended. Leaves this array empty.
   std::unique_ptr<float[]> release();

@@ -52,7 +52,7 @@ EdgeRef VertexIndex::finest_accepted(const Point& p, Accept accept) const {
 }
 
 EdgeRef VertexIndex::near(const Point& p, const QuadEdgeMesh& mesh) const {
-  return finest_accepted(p, [&mesh](EdgeRef found) { return mesh.alive(found >> 2); });
+  return finest_accepted(p, [&mesh](EdgeRef found) { return mesh.alive(found); });
 }
 
 EdgeRef VertexIndex::peek(const Point& p) const {
