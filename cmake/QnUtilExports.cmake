@@ -4,7 +4,9 @@
 # a test compares the built binaries' export tables with it.
 #
 # Manifest lines: an exported name, optionally followed by the tag "windows"
-# for names that only the Windows DLLs export. '#' starts a comment.
+# for names that only the Windows DLLs export. '#' starts a comment. The
+# line "@msvc-abi" stands for the C++ exports for MSVC hosts, whose
+# decorated names are read from their compiled objects (QnUtilMsvcAbi.cmake).
 set(QNUTIL_EXPORT_MANIFEST ${PROJECT_SOURCE_DIR}/src/qnutil.exports)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${QNUTIL_EXPORT_MANIFEST})
 
@@ -57,19 +59,27 @@ endfunction()
 function(qnutil_apply_export_manifest target)
   qnutil_read_export_manifest(names)
   set(names_file ${CMAKE_CURRENT_BINARY_DIR}/exported-names.txt)
-  list(JOIN names "\n" names_text)
-  file(CONFIGURE OUTPUT ${names_file} CONTENT "${names_text}\n" @ONLY)
   set_property(TARGET ${target} PROPERTY QNUTIL_EXPORTED_NAMES ${names_file})
   if(WIN32)
+    # The MSVC-ABI names exist only once their objects are built, so the
+    # .def file is written at build time.
+    set(manifest_names ${CMAKE_CURRENT_BINARY_DIR}/manifest-names.txt)
+    list(JOIN names "\n" names_text)
+    file(CONFIGURE OUTPUT ${manifest_names} CONTENT "${names_text}\n" @ONLY)
+    qnutil_link_msvc_abi_objects(${target} msvc_names)
     set(def_file ${CMAKE_CURRENT_BINARY_DIR}/QnUtil.def)
-    set(text "LIBRARY QnUtil.dll\nEXPORTS\n")
-    foreach(name IN LISTS names)
-      string(APPEND text "  ${name}\n")
-    endforeach()
-    file(CONFIGURE OUTPUT ${def_file} CONTENT "${text}" @ONLY)
+    add_custom_command(OUTPUT ${def_file} ${names_file}
+      COMMAND ${CMAKE_COMMAND} -DMANIFEST_NAMES=${manifest_names} "-DMSVC_NAMES=${msvc_names}"
+        -DDEF_FILE=${def_file} -DNAMES_FILE=${names_file}
+        -P ${PROJECT_SOURCE_DIR}/cmake/write-def-file.cmake
+      DEPENDS ${manifest_names} ${msvc_names} ${PROJECT_SOURCE_DIR}/cmake/write-def-file.cmake
+      COMMENT "Writing QnUtil.def"
+      VERBATIM)
     target_sources(${target} PRIVATE ${def_file})
     qnutil_add_msvc_import_library(${target} ${def_file})
   else()
+    list(JOIN names "\n" names_text)
+    file(CONFIGURE OUTPUT ${names_file} CONTENT "${names_text}\n" @ONLY)
     set(map_file ${CMAKE_CURRENT_BINARY_DIR}/qnutil.map)
     set(text "{\n  global:\n")
     foreach(name IN LISTS names)

@@ -11,6 +11,10 @@
 #ifndef QNUTIL_CQNINIFILE_H
 #define QNUTIL_CQNINIFILE_H
 
+#ifdef _MSC_VER
+#  error "MSVC hosts declare the classes with the framework's CString: include mfc_classes_win32.h"
+#endif
+
 #include <string>
 
 #include "common.h"

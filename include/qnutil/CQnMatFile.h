@@ -12,6 +12,10 @@
 #ifndef QNUTIL_CQNMATFILE_H
 #define QNUTIL_CQNMATFILE_H
 
+#ifdef _MSC_VER
+#  error "MSVC hosts declare the classes with the framework's CString: include mfc_classes_win32.h"
+#endif
+
 #include <string>
 
 #include "common.h"

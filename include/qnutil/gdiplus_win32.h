@@ -193,9 +193,10 @@ QNUTIL_API int QNUTIL_CALL gdiPlusVerlaufRechteck(struct HDC__* dc, int x, int y
 
 QNUTIL_EXTERN_C_END
 
-#ifdef __cplusplus
+#if defined(__cplusplus) && !defined(_MSC_VER)
 /** Clears the DC to white, scales by (scaleX, scaleY) and draws the image
- *  at (x, y). 1 when the draw succeeded. C++ linkage. */
+ *  at (x, y). 1 when the draw succeeded. C++ linkage: this is its form for
+ *  GCC-built programs; MSVC hosts find theirs in mfc_classes_win32.h. */
 QNUTIL_API int QNUTIL_CALL gdiPlusPrintImage(void* image, struct HDC__* dc, int x, int y, float scaleX,
                                              float scaleY);
 #endif

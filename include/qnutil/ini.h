@@ -207,7 +207,9 @@ QNUTIL_API int QNUTIL_CALL mini_write_texprops(MiniHandle handle, const char* se
 
 QNUTIL_EXTERN_C_END
 
-#ifdef __cplusplus
+/* The classes with std::string, for GCC-built programs; MSVC hosts include
+ * mfc_classes_win32.h instead. */
+#if defined(__cplusplus) && !defined(_MSC_VER)
 #include "CQnIniFile.h"
 #include "CQnMatFile.h"
 #endif

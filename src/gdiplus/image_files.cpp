@@ -6,6 +6,7 @@
 
 #include "frame/export_guard.h"
 #include "gdiplus/gdiplus_sdk.h"
+#include "gdiplus/print_core.h"
 #include "platform/text_encoding.h"
 
 namespace {
@@ -76,12 +77,18 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusSaveImage(void* image, const char* 
   });
 }
 
-QNUTIL_API int QNUTIL_CALL gdiPlusPrintImage(void* image, HDC dc, int x, int y, float scaleX, float scaleY) {
+extern "C" int qnutil_gdiplus_print_image(void* image, HDC dc, int x, int y, float scaleX,
+                                          float scaleY) {
   if (!image) return 0;
   Gdiplus::Graphics graphics(dc);
   graphics.Clear(Gdiplus::Color(0xFFFFFFFF));
   graphics.ScaleTransform(scaleX, scaleY, Gdiplus::MatrixOrderPrepend);
   return graphics.DrawImage(as_bitmap(image), x, y) == Gdiplus::Ok ? 1 : 0;
+}
+
+QNUTIL_API int QNUTIL_CALL gdiPlusPrintImage(void* image, HDC dc, int x, int y, float scaleX,
+                                             float scaleY) {
+  return qnutil_gdiplus_print_image(image, dc, x, y, scaleX, scaleY);
 }
 
 // The capture lands in the temporary folder as "qnutil-screen.bmp", a

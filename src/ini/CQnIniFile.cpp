@@ -1,11 +1,6 @@
 #include "qnutil/CQnIniFile.h"
 
-#include <cstdlib>
-#include <limits>
-
-#include "frame/text_format.h"
 #include "ini/ini_access.h"
-#include "platform/profile.h"
 
 CQnIniFile::CQnIniFile() : m_writable(0) {}
 
@@ -25,29 +20,25 @@ std::string CQnIniFile::FileReadString(const char* file, const char* section, co
 }
 
 int CQnIniFile::FileReadInt(const char* file, const char* section, const char* key) {
-  return static_cast<int>(qnutil::platform::read_profile_int(section, key, 0, file));
+  return qnutil_ini_read_int(file, section, key);
 }
 
 double CQnIniFile::FileReadDouble(const char* file, const char* section, const char* key) {
-  const std::string value = FileReadString(file, section, key);
-  if (value.empty() || value == qnutil::ini::kMissingMarker) {
-    return std::numeric_limits<double>::infinity();
-  }
-  return std::strtod(value.c_str(), nullptr);
+  return qnutil_ini_read_double(file, section, key);
 }
 
 bool CQnIniFile::FileWriteString(const char* file, const char* section, const char* key,
                                  const char* value) {
-  return qnutil::platform::write_profile_string(section, key, value, file);
+  return qnutil_ini_write_string(file, section, key, value) != 0;
 }
 
 bool CQnIniFile::FileWriteInt(const char* file, const char* section, const char* key, int value) {
-  return FileWriteString(file, section, key, qnutil::frame::format_text("%d", value).c_str());
+  return qnutil_ini_write_int(file, section, key, value) != 0;
 }
 
 bool CQnIniFile::FileWriteDouble(const char* file, const char* section, const char* key,
                                  double value) {
-  return FileWriteString(file, section, key, qnutil::frame::format_text("%lg", value).c_str());
+  return qnutil_ini_write_double(file, section, key, value) != 0;
 }
 
 std::string CQnIniFile::ReadString(const char* section, const char* key) const {

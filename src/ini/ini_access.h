@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "ini/class_core.h"
+
 namespace qnutil::ini {
 
 // The default text of every string read. A value that literally holds it
@@ -13,7 +15,7 @@ inline constexpr char kMissingMarker[] = "_TheDefault_";
 
 // Size of the read buffer, terminator included: longer values come back
 // cut to 1023 bytes.
-inline constexpr unsigned kValueBufferSize = 1024;
+inline constexpr unsigned kValueBufferSize = QNUTIL_INI_VALUE_BUFFER_SIZE;
 
 // The value of `key` in `section` of `file`: "" for a key present with an
 // empty value, kMissingMarker for a missing key, section or file.

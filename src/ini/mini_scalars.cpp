@@ -9,11 +9,9 @@
 
 #include "frame/export_guard.h"
 #include "ini/ini_access.h"
-#include "ini/mini_handle.h"
 #include "ini/multibyte_copy.h"
 
 using qnutil::frame::guard_export;
-using qnutil::ini::ini_file;
 
 namespace {
 
@@ -32,7 +30,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_read_long(MiniHandle handle, const ch
                                                      const char* key, long* out) {
   if (!handle || !section || !key || !out) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
-    const std::string value = ini_file(handle)->ReadString(section, key);
+    const std::string value = qnutil::ini::read_value_or_marker(qnutil_mini_path(handle), section, key);
     if (is_missing(value)) return QNUTIL_FAILED;
     *out = to_long32(value.c_str());
     return QNUTIL_OK;
@@ -43,7 +41,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_read_double(MiniHandle handle, const 
                                                        const char* key, double* out) {
   if (!handle || !section || !key || !out) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
-    const double value = ini_file(handle)->ReadDouble(section, key);
+    const double value = qnutil_ini_read_double(qnutil_mini_path(handle), section, key);
     if (value == HUGE_VAL) return QNUTIL_FAILED;
     *out = value;
     return QNUTIL_OK;
@@ -54,7 +52,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_read_string(MiniHandle handle, const 
                                                        const char* key, char* buf, unsigned int* len) {
   if (!handle || !section || !key || !buf || !len) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
-    const std::string value = ini_file(handle)->ReadString(section, key);
+    const std::string value = qnutil::ini::read_value_or_marker(qnutil_mini_path(handle), section, key);
     if (is_missing(value)) return QNUTIL_FAILED;
     if (value.size() >= *len) {
       qnutil::ini::copy_multibyte_bytes(buf, value.c_str(), *len);
@@ -71,7 +69,9 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_write_long(MiniHandle handle, const c
                                                       const char* key, long value) {
   if (!handle || !section || !key) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
-    return ini_file(handle)->WriteInt(section, key, static_cast<int>(value)) ? QNUTIL_OK : QNUTIL_FAILED;
+    return qnutil_ini_write_int(qnutil_mini_path(handle), section, key, static_cast<int>(value))
+               ? QNUTIL_OK
+               : QNUTIL_FAILED;
   });
 }
 
@@ -79,7 +79,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_write_double(MiniHandle handle, const
                                                         const char* key, double value) {
   if (!handle || !section || !key) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
-    return ini_file(handle)->WriteDouble(section, key, value) ? QNUTIL_OK : QNUTIL_FAILED;
+    return qnutil_ini_write_double(qnutil_mini_path(handle), section, key, value) ? QNUTIL_OK
+                                                                                : QNUTIL_FAILED;
   });
 }
 
@@ -87,6 +88,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_write_string(MiniHandle handle, const
                                                         const char* key, const char* value) {
   if (!handle || !section || !key || !value) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
-    return ini_file(handle)->WriteString(section, key, value) ? QNUTIL_OK : QNUTIL_FAILED;
+    return qnutil_ini_write_string(qnutil_mini_path(handle), section, key, value) ? QNUTIL_OK
+                                                                                : QNUTIL_FAILED;
   });
 }

@@ -61,7 +61,8 @@ def elf_exports(objdump, binary):
 
 def import_lib_names(nm, lib):
     """Names an MSVC import library provides, from its __imp_ symbols (on
-    i386 the C names carry the cdecl underscore after the prefix)."""
+    i386 the C names carry the cdecl underscore after the prefix; names with
+    MSVC C++ decorations, which start with '?', never do)."""
     text = subprocess.run([nm, lib], check=True, capture_output=True, text=True).stdout
     names = set()
     for line in text.splitlines():
@@ -69,8 +70,9 @@ def import_lib_names(nm, lib):
         if fields and fields[-1].startswith("__imp_"):
             name = fields[-1][len("__imp_"):]
             names.add(name)
-    if names and all(n.startswith("_") for n in names):
-        names = {n[1:] for n in names}
+    c_names = {n for n in names if not n.startswith("?")}
+    if c_names and all(n.startswith("_") for n in c_names):
+        names = {n if n.startswith("?") else n[1:] for n in names}
     return names
 
 

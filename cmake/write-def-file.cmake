@@ -1,0 +1,31 @@
+# Build step: the DLL's module-definition file and its list of exported
+# names, from the manifest's names (MANIFEST_NAMES, one per line, where the
+# line "@msvc-abi" stands for the MSVC-ABI objects' names) and the names
+# files of those objects (MSVC_NAMES, a list).
+#   cmake -DMANIFEST_NAMES= -DMSVC_NAMES= -DDEF_FILE= -DNAMES_FILE= -P write-def-file.cmake
+file(STRINGS ${MANIFEST_NAMES} manifest)
+set(msvc "")
+foreach(names_file IN LISTS MSVC_NAMES)
+  file(STRINGS ${names_file} lines)
+  list(APPEND msvc ${lines})
+endforeach()
+set(def "LIBRARY QnUtil.dll\nEXPORTS\n")
+set(names "")
+foreach(name IN LISTS manifest)
+  if(name STREQUAL "@msvc-abi")
+    foreach(entry IN LISTS msvc)
+      string(REGEX REPLACE ",DATA$" "" symbol "${entry}")
+      if(entry MATCHES ",DATA$")
+        string(APPEND def "  ${symbol} DATA\n")
+      else()
+        string(APPEND def "  ${symbol}\n")
+      endif()
+      string(APPEND names "${symbol}\n")
+    endforeach()
+  else()
+    string(APPEND def "  ${name}\n")
+    string(APPEND names "${name}\n")
+  endif()
+endforeach()
+file(WRITE ${DEF_FILE} "${def}")
+file(WRITE ${NAMES_FILE} "${names}")

@@ -1,0 +1,186 @@
+// The material file behind both forms of CQnMatFile.
+#include <cmath>
+#include <cstdlib>
+#include <string>
+
+#include "frame/text_format.h"
+#include "ini/class_core.h"
+#include "ini/multibyte_copy.h"
+#include "platform/profile.h"
+#include "platform/settings_file.h"
+#include "qnutil/files.h"
+
+namespace {
+
+constexpr char kMaterialSection[] = "Material";
+constexpr char kNameKey[] = "Name";
+constexpr unsigned kValueBufferSize = 256;
+
+class MaterialFile {
+ public:
+  explicit MaterialFile(const char* path) : path_(path) {}
+
+  // The value, or "" for an empty value and for a missing key whose
+  // default is "".
+  std::string read(const std::string& section, const char* key, const char* fallback) const {
+    char buffer[kValueBufferSize];
+    qnutil::platform::read_profile_string(section.c_str(), key, fallback, buffer, sizeof buffer,
+                                          path_);
+    return buffer;
+  }
+
+  void write(const std::string& section, const char* key, const char* value) const {
+    qnutil::platform::write_profile_string(section.c_str(), key, value, path_);
+  }
+
+ private:
+  const char* path_;
+};
+
+float to_float(const std::string& text) {
+  return static_cast<float>(std::strtod(text.c_str(), nullptr));
+}
+
+// Three comma-separated numbers into `out`; nothing is stored unless the
+// text has two commas. The 0-255 form (`integers`) parses unsigned decimal
+// integers and divides them by 255.
+void parse_three(const std::string& text, float (&out)[3], bool integers) {
+  std::string copy = text;
+  const char* parts[3] = {copy.c_str(), nullptr, nullptr};
+  int commas = 0;
+  for (std::size_t i = 0; i < copy.size() && commas < 2;
+       i += qnutil::ini::character_length(&copy[i])) {
+    if (copy[i] != ',') continue;
+    copy[i] = '\0';
+    parts[++commas] = copy.c_str() + i + 1;
+  }
+  if (commas < 2) return;
+  for (int i = 0; i < 3; ++i) {
+    out[i] = integers ? static_cast<float>(std::strtoul(parts[i], nullptr, 10) / 255.0)
+                      : static_cast<float>(std::strtod(parts[i], nullptr));
+  }
+}
+
+// The derived exponent fields: x = Oe^1.5 in single precision.
+void derive_exponent(double oe, matTyp& material) {
+  if (!(oe > 0.1)) {
+    material.oeInvPow = 0.0f;
+    return;
+  }
+  const float e = static_cast<float>(oe);
+  const float x = std::sqrt(e) * e;
+  material.oeInvPow = -1.0f / x;
+  material.oePow = x;
+  material.oeOffset = x - 1.0f / (1.0f + 1.0f / x);
+}
+
+int read_material(const char* path, int& loaded, matTyp& record,
+                  const QnUtilMaterialStrings& strings) {
+  strings.assign(strings.file_path, path);
+  if (!qnutil::platform::can_read_file(path)) {
+    strings.assign(strings.file_path, "");
+    loaded = 0;
+    return 0;
+  }
+  const MaterialFile file(path);
+  const std::string name = file.read(kMaterialSection, kNameKey, "");
+  if (name.empty()) return 0;
+  strings.assign(strings.log_name, name.c_str());
+
+  const std::string kdiffus = file.read(name, "kdiffus", "0.4");
+  if (kdiffus.empty()) return 0;
+  record = matTyp{};
+  record.kdiffus = to_float(kdiffus);
+  const std::string kambient = file.read(name, "kambient", "0.4");
+  if (kambient.empty()) return 0;
+  record.kambient = to_float(kambient);
+  if (const std::string value = file.read(name, "kspiegel", "0.4"); !value.empty()) {
+    record.kspiegel = to_float(value);
+  }
+  if (const std::string value = file.read(name, "alpha", "0.4"); !value.empty()) {
+    record.alpha = to_float(value);
+  }
+  if (const std::string value = file.read(name, "Oe", "30.0"); !value.empty()) {
+    const double oe = std::strtod(value.c_str(), nullptr);
+    record.Oe = static_cast<float>(oe);
+    derive_exponent(oe, record);
+  }
+  if (const std::string value = file.read(name, "Bits", ""); !value.empty()) {
+    record.Bits = static_cast<std::uint32_t>(std::strtoul(value.c_str(), nullptr, 10));
+  }
+  if (const std::string value = file.read(name, "RGBDiffus", "0.4,0.4,0.4"); !value.empty()) {
+    parse_three(value, record.RGBDiffus, false);
+  } else if (const std::string bytes = file.read(name, "RGBDiffus255", "102,102,102");
+             !bytes.empty()) {
+    parse_three(bytes, record.RGBDiffus, true);
+  }
+  // The specular colour has no 0-255 key: its fallback reads "RGBSpiegel"
+  // again, which is present and empty by then, so the colour stays 0.
+  if (const std::string value = file.read(name, "RGBSpiegel", "0.5,0.5,0.5"); !value.empty()) {
+    parse_three(value, record.RGBSpiegel, false);
+  } else if (const std::string bytes = file.read(name, "RGBSpiegel", "128,128,128");
+             !bytes.empty()) {
+    parse_three(bytes, record.RGBSpiegel, true);
+  }
+  strings.assign(strings.test_texture_path, file.read(name, "Testtextur", "").c_str());
+  loaded = 1;
+  return 1;
+}
+
+int write_material(const char* path, const std::string& name, const char* test_texture_path,
+                   const matTyp& m) {
+  using qnutil::frame::format_text;
+  if (!*path || !qnutil::platform::can_write_file(path)) return 0;
+  const MaterialFile file(path);
+  const std::string old_name = file.read(kMaterialSection, kNameKey, "");
+  if (!old_name.empty() && old_name != name && !file.read(old_name, "kdiffus", "").empty()) {
+    file.write(old_name, nullptr, nullptr);
+  }
+  file.write(kMaterialSection, kNameKey, name.c_str());
+  auto number = [](float value) { return format_text("%lg", static_cast<double>(value)); };
+  auto colour = [](const float (&rgb)[3]) {
+    return format_text("%lg,%lg,%lg", static_cast<double>(rgb[0]), static_cast<double>(rgb[1]),
+                       static_cast<double>(rgb[2]));
+  };
+  file.write(name, "kdiffus", number(m.kdiffus).c_str());
+  file.write(name, "kambient", number(m.kambient).c_str());
+  file.write(name, "kspiegel", number(m.kspiegel).c_str());
+  file.write(name, "alpha", number(m.alpha).c_str());
+  file.write(name, "Oe", number(m.Oe).c_str());
+  file.write(name, "Bits", format_text("%u", static_cast<unsigned>(m.Bits & ~1u)).c_str());
+  file.write(name, "RGBDiffus", colour(m.RGBDiffus).c_str());
+  file.write(name, "RGBSpiegel", colour(m.RGBSpiegel).c_str());
+  file.write(name, "Testtextur", test_texture_path);
+  qnutil::platform::flush_profile_cache(path);
+  return 1;
+}
+
+template <class Body>
+int guarded(Body&& body) noexcept {
+  try {
+    return body();
+  } catch (...) {
+    return 0;
+  }
+}
+
+}  // namespace
+
+extern "C" int qnutil_material_read(const char* path, int* loaded, matTyp* record,
+                                    const QnUtilMaterialStrings* strings) {
+  return guarded([&] { return read_material(path, *loaded, *record, *strings); });
+}
+
+extern "C" int qnutil_material_write(const char* path, const char* log_name,
+                                     const char* test_texture_path, const matTyp* record) {
+  return guarded([&] { return write_material(path, log_name, test_texture_path, *record); });
+}
+
+extern "C" void qnutil_material_name_of_path(const char* file_path, QnUtilAssignText assign,
+                                             void* string) {
+  char drive[QNUTIL_DRIVE_SIZE], folder[QNUTIL_FOLDER_SIZE], name[QNUTIL_NAME_SIZE];
+  QnUtil_Divide(file_path, drive, folder, name);
+  const int dot = QnUtil_GetExtensionPos(name);
+  if (dot >= 0) name[dot] = '\0';
+  assign(string, name);
+}

@@ -1,0 +1,316 @@
+// A host of QnUtil.dll as the CAD application is one: C++ for the MSVC ABI
+// (compiled for *-windows-msvc, linked by lld-link against QnUtil.lib, no
+// run-time but msvcrt.dll's C functions), using the exported classes and
+// gdiPlusPrintImage with the framework's string. It checks values, files
+// byte for byte, object and string ownership across the boundary, and
+// prints "N passed, N failed".
+#include <stdio.h>
+#include <string.h>
+
+#include "qnutil/qnutil_win32.h"
+#include "qnutil/mfc_classes_win32.h"
+
+#include "framework_string.h"
+#include "win32_api.h"
+
+extern "C" int _fltused = 0;  // floating point without the MSVC run-time
+
+// The MSVC run-time's new and delete use the process heap; so does this host.
+void* operator new(size_t bytes) { return HeapAlloc(GetProcessHeap(), 0, bytes); }
+void operator delete(void* block) noexcept { HeapFree(GetProcessHeap(), 0, block); }
+void operator delete(void* block, size_t) noexcept { HeapFree(GetProcessHeap(), 0, block); }
+
+namespace {
+
+int passed = 0, failed = 0;
+
+void check(bool ok, const char* what, int line) {
+  if (ok) {
+    ++passed;
+  } else {
+    ++failed;
+    printf("host_main.cpp:%d: check failed: %s\n", line, what);
+  }
+}
+#define CHECK(condition) check((condition), #condition, __LINE__)
+
+bool same(const CString& text, const char* expected) {
+  if (strcmp(text.GetString(), expected) == 0) return true;
+  printf("  got \"%s\", expected \"%s\"\n", text.GetString(), expected);
+  return false;
+}
+
+// The library hands out strings of its own manager from FileReadString and
+// ReadString; the host counts them to see each released exactly once.
+int library_strings_received = 0;
+CString received(CString text) {
+  if (text.data()->manager != &host::host_manager) ++library_strings_received;
+  return text;
+}
+
+// Whether block is an allocated block of the process heap.
+bool heap_block_in_use(const void* block) {
+  ProcessHeapEntry entry{};
+  while (HeapWalk(GetProcessHeap(), &entry)) {
+    if (entry.lpData == block) return (entry.wFlags & kProcessHeapEntryBusy) != 0;
+  }
+  return false;
+}
+
+// A heap that checks itself (Wine's warn+heap) holds freed blocks back to
+// catch late writes, so a walk cannot tell who freed what: the ownership
+// checks then rest on that run's heap errors, and on the plain run.
+bool heap_walk_sees_frees() {
+  void* probe = HeapAlloc(GetProcessHeap(), 0, 64);
+  const bool before = heap_block_in_use(probe);
+  HeapFree(GetProcessHeap(), 0, probe);
+  return before && !heap_block_in_use(probe);
+}
+bool walk_checks = false;  // set first thing: no dynamic initialisation runs here
+
+// The object's block went back to the process heap.
+bool freed(const void* block) { return !walk_checks || !heap_block_in_use(block); }
+
+constexpr const char* kFolder = "msvc_host_files";
+char path_buffer[4][260];
+const char* scratch(int slot, const char* name) {
+  char* path = path_buffer[slot];
+  const size_t folder = strlen(kFolder);
+  memcpy(path, kFolder, folder);
+  path[folder] = '\\';
+  memcpy(path + folder + 1, name, strlen(name) + 1);
+  return path;
+}
+
+void write_file(const char* path, const char* text) {
+  FILE* file = fopen(path, "wb");
+  fwrite(text, 1, strlen(text), file);
+  fclose(file);
+}
+
+bool file_is(const char* path, const char* expected) {
+  static char content[4096];
+  FILE* file = fopen(path, "rb");
+  if (!file) return false;
+  const size_t length = fread(content, 1, sizeof content - 1, file);
+  fclose(file);
+  content[length] = '\0';
+  if (strcmp(content, expected) == 0) return true;
+  printf("  %s holds:\n%s\n  expected:\n%s\n", path, content, expected);
+  return false;
+}
+
+bool contains(const char* path, const char* part) {
+  static char content[4096];
+  FILE* file = fopen(path, "rb");
+  if (!file) return false;
+  const size_t length = fread(content, 1, sizeof content - 1, file);
+  fclose(file);
+  content[length] = '\0';
+  const size_t part_length = strlen(part);
+  for (size_t i = 0; i + part_length <= length; ++i) {
+    if (memcmp(content + i, part, part_length) == 0) return true;
+  }
+  printf("  %s lacks \"%s\":\n%s\n", path, part, content);
+  return false;
+}
+
+void ini_static_forms() {
+  const char* file = scratch(0, "settings.ini");
+  write_file(file, "[s]\r\ntext=hello world\r\nempty=\r\nnum=42abc\r\nneg=-7\r\nreal=2.5e3x\r\n"
+                   "marker=_TheDefault_\r\n");
+  CHECK(same(received(CQnIniFile::FileReadString(file, "S", "TEXT")), "hello world"));
+  CHECK(same(received(CQnIniFile::FileReadString(file, "s", "empty")), ""));
+  CHECK(same(received(CQnIniFile::FileReadString(file, "s", "missing")), "_TheDefault_"));
+  CHECK(CQnIniFile::FileReadInt(file, "s", "num") == 42);
+  CHECK(CQnIniFile::FileReadInt(file, "s", "neg") == -7);
+  CHECK(CQnIniFile::FileReadDouble(file, "s", "real") == 2500.0);
+  CHECK(CQnIniFile::FileReadDouble(file, "s", "missing") == __builtin_huge_val());
+  CHECK(CQnIniFile::FileReadDouble(file, "s", "marker") == __builtin_huge_val());
+  CHECK(CQnIniFile::FileWriteString(file, "t", "word", "abc"));
+  CHECK(CQnIniFile::FileWriteInt(file, "t", "int", -12));
+  CHECK(CQnIniFile::FileWriteDouble(file, "t", "real", 1234567.0));
+  CHECK(contains(file, "[t]\r\nword=abc\r\nint=-12\r\nreal=1.23457e+06\r\n"));
+}
+
+void ini_objects() {
+  const char* path = scratch(0, "members.ini");
+  write_file(path, "");
+  const CString name(path);
+  CQnIniFile file(name, 1);
+  CHECK(file.WriteInt("n", "i", -12));
+  const double doubles[] = {2.5, 1234567.0, 0.0000125, 3.0};
+  const char* keys[] = {"d1", "d2", "d3", "d4"};
+  for (int i = 0; i < 4; ++i) CHECK(file.WriteDouble("n", keys[i], doubles[i]));
+  CHECK(file.WriteString("n", "s", "\"quoted text\""));
+  CHECK(file_is(path, "[n]\r\ni=-12\r\nd1=2.5\r\nd2=1.23457e+06\r\nd3=1.25e-05\r\nd4=3\r\n"
+                      "s=\"quoted text\"\r\n"));
+  CHECK(file.ReadInt("n", "i") == -12);
+  CHECK(file.ReadDouble("n", "d2") == 1234570.0);
+  CHECK(same(received(file.ReadString("n", "s")), "quoted text"));
+
+  // Copies and assignment share the bound path; Open changes nothing.
+  CQnIniFile copy(file);
+  CQnIniFile assigned;
+  CHECK(same(received(assigned.ReadString("n", "s")), "_TheDefault_"));
+  assigned = copy;
+  CHECK(assigned.Open(CString("other.ini"), 0));
+  assigned.Close();
+  CHECK(assigned.ReadInt("n", "i") == -12 && copy.ReadInt("n", "i") == -12);
+
+  // Created by the host, deleted by the host through the virtual destructor.
+  CQnIniFile* heap = new CQnIniFile(name, 1);
+  CHECK(heap->WriteString("n", "added", "1"));
+  delete heap;
+  CHECK(freed(heap));
+  CHECK(CQnIniFile::FileReadInt(path, "n", "added") == 1);
+
+  // Created by the library (a MiniHandle is a CQnIniFile on the process
+  // heap), used and deleted by the host.
+  MiniHandle handle = mini_open_ex(path, QNUTIL_MINI_READ);
+  auto* library_object = reinterpret_cast<CQnIniFile*>(handle);
+  CHECK(!walk_checks || heap_block_in_use(library_object));
+  CHECK(same(received(library_object->ReadString("n", "s")), "quoted text"));
+  delete library_object;
+  CHECK(freed(library_object));
+
+  // Created by the host, used and deleted by the library.
+  auto* host_object = new CQnIniFile(name, 1);
+  handle = reinterpret_cast<MiniHandle>(host_object);
+  CHECK(mini_write_long(handle, "m", "long", 77) == QNUTIL_OK);
+  long value = 0;
+  CHECK(mini_read_long(handle, "m", "long", &value) == QNUTIL_OK && value == 77);
+  CHECK(mini_close(&handle) == 1);
+  CHECK(freed(host_object));
+}
+
+constexpr const char* kGlass =
+    "[Material]\r\nName=Glas\r\n[Glas]\r\nkdiffus=0.5\r\nOe=4\r\nBits=5\r\nTesttextur=wood.bmp\r\n";
+
+void material_file() {
+  const char* path = scratch(1, "glass.mat");
+  write_file(path, kGlass);
+  const CString file(path);
+  CQnMatFile mat(file);
+  CHECK(mat.IsLoaded() == 1);
+  matTyp* m = mat.GetMaterialPtr();
+  CHECK(m->kdiffus == 0.5f && m->kambient == 0.4f && m->Oe == 4.0f && m->oePow == 8.0f);
+  CHECK(m->oeInvPow == -0.125f && m->Bits == 5u && m->RGBDiffus[1] == 0.4f);
+  m->RGBDiffus[0] = 0.25f;
+  m->RGBSpiegel[2] = 1.0f;
+  CHECK(mat.Write() == 1);
+  CHECK(file_is(path, "[Material]\r\nName=Glas\r\n[Glas]\r\nkdiffus=0.5\r\nOe=4\r\nBits=4\r\n"
+                      "Testtextur=wood.bmp\r\nkambient=0.4\r\nkspiegel=0.4\r\nalpha=0.4\r\n"
+                      "RGBDiffus=0.25,0.4,0.4\r\nRGBSpiegel=0.5,0.5,1\r\n"));
+
+  // Names and paths in Windows-1252, through host strings both ways.
+  CString name("x");
+  mat.GetLogName(name);
+  CHECK(same(name, "Glas"));
+  mat.SetLogName(CString("Gl\xe4ser f\xfcr Fenster"));
+  mat.SetTestTexturePath(CString("C:\\Texturen\\Bl\xf6" "cke.bmp"));
+  CString texture;
+  mat.GetTestTexturePath(texture);
+  CHECK(same(texture, "C:\\Texturen\\Bl\xf6" "cke.bmp"));
+  mat.GetLogName(name);
+  CHECK(same(name, "Gl\xe4ser f\xfcr Fenster"));
+  CHECK(mat.Write(file) == 1);
+  CHECK(file_is(path, "[Material]\r\nName=Gl\xe4ser f\xfcr Fenster\r\n[Gl\xe4ser f\xfcr Fenster]\r\n"
+                      "kdiffus=0.5\r\nkambient=0.4\r\nkspiegel=0.4\r\nalpha=0.4\r\nOe=4\r\n"
+                      "Bits=4\r\nRGBDiffus=0.25,0.4,0.4\r\nRGBSpiegel=0.5,0.5,1\r\n"
+                      "Testtextur=C:\\Texturen\\Bl\xf6" "cke.bmp\r\n"));
+
+  // Copies keep their own record and strings.
+  CQnMatFile copy(mat);
+  CQnMatFile* assigned = new CQnMatFile;
+  *assigned = mat;
+  m->kdiffus = 0.9f;
+  mat.SetTestTexturePath(CString("other.bmp"));
+  CQnMatFile* copies[] = {&copy, assigned};
+  for (CQnMatFile* other : copies) {
+    CHECK(other->IsLoaded() == 1 && other->GetMaterialPtr()->kdiffus == 0.5f);
+    other->GetTestTexturePath(texture);
+    CHECK(same(texture, "C:\\Texturen\\Bl\xf6" "cke.bmp"));
+  }
+  delete assigned;
+  CHECK(freed(assigned));
+
+  // A failed load forgets the file; the file's name then stands in.
+  const char* unnamed_path = scratch(2, "stone.mat");
+  write_file(unnamed_path, "[Material]\r\nName=\r\n");
+  CQnMatFile unnamed;
+  CHECK(unnamed.Read(CString(unnamed_path)) == 0 && unnamed.IsLoaded() == 0);
+  unnamed.GetLogName(name);
+  CHECK(same(name, "stone"));
+  CHECK(unnamed.Read(CString(scratch(3, "missing.mat"))) == 0);
+  CHECK(unnamed.Write() == 0);
+}
+
+void print_image() {
+  CHECK(gdiPlusInit() == 1);
+  // An 8 x 8 opaque red image, bottom-up BGRA.
+  unsigned char bits[8 * 8 * 4];
+  for (int i = 0; i < 8 * 8 * 4; i += 4) {
+    bits[i] = 0;
+    bits[i + 1] = 0;
+    bits[i + 2] = 255;
+    bits[i + 3] = 0;
+  }
+  void* image = nullptr;
+  CHECK(gdiPlusBitmapFromBits(bits, 8, 8, 4, 4, 255, 1, &image) == 1);
+
+  BitmapInfoHeader info{sizeof(BitmapInfoHeader), 16, -16, 1, 32, 0, 0, 0, 0, 0, 0};
+  void* canvas_bits = nullptr;
+  HDC__* dc = CreateCompatibleDC(nullptr);
+  void* canvas = CreateDIBSection(dc, &info, 0, &canvas_bits, nullptr, 0);
+  void* previous = SelectObject(dc, canvas);
+  auto* pixels = static_cast<unsigned*>(canvas_bits);
+  memset(pixels, 0, 16 * 16 * 4);
+
+  CHECK(gdiPlusPrintImage(static_cast<Gdiplus::Bitmap*>(image), dc, 8, 8, 0.5f, 0.5f) == 1);
+  GdiFlush();
+  // Cleared to white, the image drawn at (8, 8) in scaled units: device
+  // pixels 4 to 7 are red (give or take the filter at the edges).
+  auto near = [](unsigned pixel, unsigned colour) {
+    for (int shift = 0; shift < 24; shift += 8) {
+      const int a = (pixel >> shift) & 0xFF, b = (colour >> shift) & 0xFF;
+      if (a - b > 4 || b - a > 4) return false;
+    }
+    return true;
+  };
+  CHECK((pixels[0] & 0xFFFFFF) == 0xFFFFFF);
+  CHECK((pixels[15 * 16 + 15] & 0xFFFFFF) == 0xFFFFFF);
+  CHECK(near(pixels[5 * 16 + 5], 0xFF0000) && near(pixels[6 * 16 + 6], 0xFF0000));
+  CHECK(gdiPlusPrintImage(nullptr, dc, 0, 0, 1.0f, 1.0f) == 0);
+
+  SelectObject(dc, previous);
+  DeleteObject(canvas);
+  DeleteDC(dc);
+  CHECK(gdiPlusFreeImage(image) == 1);
+  CHECK(gdiPlusExit() == 1);
+}
+
+}  // namespace
+
+extern "C" void __cdecl host_main() {
+  walk_checks = heap_walk_sees_frees();
+  CreateDirectoryA(kFolder, nullptr);
+  CHECK(sizeof(CQnIniFile) == 3 * sizeof(void*));
+  CHECK(sizeof(CQnMatFile) == (sizeof(void*) == 4 ? 84u : 104u));
+  CHECK(QnUtil_GetVersion() == QNUTIL_VERSION);
+  ini_static_forms();
+  ini_objects();
+  material_file();
+  print_image();
+  // Every string the library made with its own manager was released once
+  // through it; every host-manager string it made or kept is freed.
+  CHECK(host::string_counts.library_frees == library_strings_received);
+  CHECK(host::string_counts.host_allocations == host::string_counts.host_frees);
+  printf("library strings received %d, released %d; host strings allocated %d, freed %d\n",
+         library_strings_received, host::string_counts.library_frees,
+         host::string_counts.host_allocations, host::string_counts.host_frees);
+  if (!walk_checks) printf("heap walk cannot see frees here: ownership checked by heap errors\n");
+  printf("%d passed, %d failed\n", passed, failed);
+  fflush(nullptr);
+  ExitProcess(failed == 0 ? 0 : 1);
+}
