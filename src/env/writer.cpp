@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,8 @@
 #include "env/file_buffer.h"
 #include "env/handle.h"
 #include "frame/export_guard.h"
+#include "platform/file_replacement.h"
+#include "platform/file_system.h"
 
 using namespace qnutil::env;
 
@@ -30,12 +33,33 @@ class CallbackSink {
   void* context_;
 };
 
-// Collects bytes in the file buffer and writes it whenever it is full.
+// Collects bytes in the file buffer and writes it to the replacement file
+// whenever it is full, each newline as the platform's text line end.
 class FileSink {
  public:
-  FileSink(std::FILE* file, FileBuffer& buffer) : file_(file), buffer_(buffer) {}
-  ~FileSink() { flush(); }
+  FileSink(qnutil::platform::FileReplacement& file, FileBuffer& buffer)
+      : file_(file), buffer_(buffer) {}
   void write(const char* bytes, std::size_t n) {
+    if (kNewlineOnly) return put(bytes, n);
+    while (n) {
+      const char* newline = static_cast<const char*>(std::memchr(bytes, '\n', n));
+      const std::size_t run = newline ? static_cast<std::size_t>(newline - bytes) : n;
+      put(bytes, run);
+      if (!newline) return;
+      put(qnutil::platform::kTextLineEnd, std::strlen(qnutil::platform::kTextLineEnd));
+      bytes += run + 1;
+      n -= run + 1;
+    }
+  }
+  void flush() {
+    file_.write(buffer_.bytes.get(), held_);
+    held_ = 0;
+  }
+
+ private:
+  static inline const bool kNewlineOnly = std::strcmp(qnutil::platform::kTextLineEnd, "\n") == 0;
+
+  void put(const char* bytes, std::size_t n) {
     while (n) {
       if (held_ == buffer_.size) flush();
       const std::size_t take = std::min(n, buffer_.size - held_);
@@ -45,13 +69,7 @@ class FileSink {
       n -= take;
     }
   }
-
- private:
-  void flush() {
-    std::fwrite(buffer_.bytes.get(), 1, held_, file_);
-    held_ = 0;
-  }
-  std::FILE* file_;
+  qnutil::platform::FileReplacement& file_;
   FileBuffer& buffer_;
   std::size_t held_ = 0;
 };
@@ -163,20 +181,25 @@ extern "C" QNUTIL_API void QNUTIL_CALL env_write(EnvPutChar putChar, void* conte
   });
 }
 
-// Text mode: each newline becomes the platform's line end.
+// Text mode: each newline becomes the platform's line end. The new file
+// replaces the old one only when it was written whole: a write that fails
+// (a full disk) leaves the old file as it was. Such failures stay
+// unreported, as the sink's write errors always were; a file that cannot
+// be opened gives the message.
 extern "C" QNUTIL_API void QNUTIL_CALL env_write_file(const char* fileName, EnvHandle* env) {
   qnutil::frame::guard_export_void([&] {
     if (!writable(env)) return;
-    std::FILE* file = fileName ? std::fopen(fileName, "w") : nullptr;
-    if (!file) {
+    std::optional<qnutil::platform::FileReplacement> file;
+    if (fileName) file.emplace(fileName);
+    if (!file || !file->opened()) {
       report("cann't open to write:", __LINE__);
       return;
     }
     FileBuffer buffer = allocate_file_buffer();
-    if (buffer.bytes) {
-      FileSink sink(file, buffer);
-      write_env(env, sink);
-    }
-    std::fclose(file);
+    if (!buffer.bytes) return;
+    FileSink sink(*file, buffer);
+    write_env(env, sink);
+    sink.flush();
+    file->commit();
   });
 }

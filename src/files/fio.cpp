@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <string>
 
 #include "files/path_pieces.h"
@@ -65,7 +66,9 @@ void read_header(QnUtilFioFile& file) {
 }
 
 QnUtilFioFile* open_file(const char* dir, const char* name, int mode) {
-  const std::string path = qnutil::files::compose_path("", dir, name);
+  const std::optional<std::string> whole = qnutil::files::compose_whole_path("", dir, name);
+  if (!whole) return nullptr;
+  const std::string& path = *whole;
   std::FILE* stream = qnutil::platform::open_stream(path.c_str(), stream_mode(mode).c_str());
   if (stream == nullptr) return nullptr;
   auto* file = static_cast<QnUtilFioFile*>(std::malloc(sizeof(QnUtilFioFile)));
@@ -97,9 +100,12 @@ extern "C" QNUTIL_API QnUtilFioFile* QNUTIL_CALL fio_open(const char* dir, const
                                                      [&] { return open_file(dir, name, mode); });
 }
 
+// A write that failed earlier, even one whose own result was ignored, left
+// the stream's error indicator set: closing and flushing report it.
 extern "C" QNUTIL_API int QNUTIL_CALL fio_close(QnUtilFioFile* file) {
   if (file == nullptr) return 0;
-  const int closed = std::fclose(file->stream);
+  const bool failed_before = std::ferror(file->stream) != 0;
+  const int closed = std::fclose(file->stream) == 0 && !failed_before ? 0 : EOF;
   if (file->path != kUnknownPath) std::free(file->path);
   std::free(file);
   return closed == 0 ? 0 : -1;
@@ -107,7 +113,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL fio_close(QnUtilFioFile* file) {
 
 extern "C" QNUTIL_API int QNUTIL_CALL fio_flush(QnUtilFioFile* file) {
   if (file == nullptr) return -1;
-  return std::fflush(file->stream) == 0 ? 0 : -1;
+  return std::fflush(file->stream) == 0 && !std::ferror(file->stream) ? 0 : -1;
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL fio_getchar(QnUtilFioFile* file, unsigned char* out) {

@@ -82,4 +82,17 @@ std::string compose_path(const char* base, const char* sub, const char* file) {
   return result;
 }
 
+std::optional<std::string> compose_whole_path(const char* base, const char* sub,
+                                              const char* file) {
+  for (const char* piece : {base, sub, file}) {
+    if (piece == nullptr) continue;
+    PathPieces pieces;
+    split_path(piece, pieces);
+    if (joined(pieces).size() != std::strlen(piece)) return std::nullopt;
+  }
+  std::string path = compose_path(base, sub, file);
+  if (path.size() >= kPathSize) return std::nullopt;
+  return path;
+}
+
 }  // namespace qnutil::files

@@ -45,8 +45,9 @@ typedef struct QnUtilMaterialStrings {
  * texture and *loaded as the material file says; 1 or 0. */
 int qnutil_material_read(const char* path, int* loaded, matTyp* record,
                          const QnUtilMaterialStrings* strings);
-/* CQnMatFile::Write(path): 1 on success, 0 when path is empty or not an
- * existing, writable file. */
+/* CQnMatFile::Write(path): 1 when the file now holds the whole new
+ * material, 0 when it holds the old one untouched (an empty path, a file
+ * that does not exist or cannot be written, a write that failed). */
 int qnutil_material_write(const char* path, const char* log_name, const char* test_texture_path,
                           const matTyp* record);
 /* The default name of a material: the file name of file_path without

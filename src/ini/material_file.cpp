@@ -6,6 +6,8 @@
 #include "frame/text_format.h"
 #include "ini/class_core.h"
 #include "ini/multibyte_copy.h"
+#include "platform/file_replacement.h"
+#include "platform/folder_lock.h"
 #include "platform/profile.h"
 #include "platform/settings_file.h"
 #include "qnutil/files.h"
@@ -29,8 +31,8 @@ class MaterialFile {
     return buffer;
   }
 
-  void write(const std::string& section, const char* key, const char* value) const {
-    qnutil::platform::write_profile_string(section.c_str(), key, value, path_);
+  bool write(const std::string& section, const char* key, const char* value) const {
+    return qnutil::platform::write_profile_string(section.c_str(), key, value, path_);
   }
 
  private:
@@ -127,32 +129,45 @@ int read_material(const char* path, int& loaded, matTyp& record,
   return 1;
 }
 
+// All or nothing: the writes go to a staged copy of the file, which takes
+// the file's place only when every one of them succeeded. Other writers of
+// the folder wait meanwhile, so that none of their changes is lost.
 int write_material(const char* path, const std::string& name, const char* test_texture_path,
                    const matTyp& m) {
   using qnutil::frame::format_text;
   if (!*path || !qnutil::platform::can_write_file(path)) return 0;
-  const MaterialFile file(path);
+  const qnutil::platform::FolderLock lock(path);
+  qnutil::platform::FileReplacement replacement(path);
+  const std::string staged = replacement.opened() ? replacement.stage() : std::string();
+  if (staged.empty()) return 0;
+  const MaterialFile file(staged.c_str());
+  bool written = true;
+  auto write = [&](const std::string& section, const char* key, const std::string& value) {
+    written = file.write(section, key, value.c_str()) && written;
+  };
   const std::string old_name = file.read(kMaterialSection, kNameKey, "");
   if (!old_name.empty() && old_name != name && !file.read(old_name, "kdiffus", "").empty()) {
-    file.write(old_name, nullptr, nullptr);
+    written = file.write(old_name, nullptr, nullptr) && written;
   }
-  file.write(kMaterialSection, kNameKey, name.c_str());
+  write(kMaterialSection, kNameKey, name);
   auto number = [](float value) { return format_text("%lg", static_cast<double>(value)); };
   auto colour = [](const float (&rgb)[3]) {
     return format_text("%lg,%lg,%lg", static_cast<double>(rgb[0]), static_cast<double>(rgb[1]),
                        static_cast<double>(rgb[2]));
   };
-  file.write(name, "kdiffus", number(m.kdiffus).c_str());
-  file.write(name, "kambient", number(m.kambient).c_str());
-  file.write(name, "kspiegel", number(m.kspiegel).c_str());
-  file.write(name, "alpha", number(m.alpha).c_str());
-  file.write(name, "Oe", number(m.Oe).c_str());
-  file.write(name, "Bits", format_text("%u", static_cast<unsigned>(m.Bits & ~1u)).c_str());
-  file.write(name, "RGBDiffus", colour(m.RGBDiffus).c_str());
-  file.write(name, "RGBSpiegel", colour(m.RGBSpiegel).c_str());
-  file.write(name, "Testtextur", test_texture_path);
+  write(name, "kdiffus", number(m.kdiffus));
+  write(name, "kambient", number(m.kambient));
+  write(name, "kspiegel", number(m.kspiegel));
+  write(name, "alpha", number(m.alpha));
+  write(name, "Oe", number(m.Oe));
+  write(name, "Bits", format_text("%u", static_cast<unsigned>(m.Bits & ~1u)));
+  write(name, "RGBDiffus", colour(m.RGBDiffus));
+  write(name, "RGBSpiegel", colour(m.RGBSpiegel));
+  write(name, "Testtextur", test_texture_path);
+  qnutil::platform::flush_profile_cache(staged.c_str());
+  const bool saved = written && replacement.commit();
   qnutil::platform::flush_profile_cache(path);
-  return 1;
+  return saved ? 1 : 0;
 }
 
 template <class Body>

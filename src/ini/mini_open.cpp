@@ -1,12 +1,15 @@
 // Opening and closing mini handles.
-#include "frame/export_guard.h"
+#include <optional>
+#include <string>
+
+#include "files/path_pieces.h"
 #include "ini/class_core.h"
 #include "platform/settings_file.h"
-#include "qnutil/files.h"
 
+// The path QnUtil_Makepath composes, refused where it would be cut.
 extern "C" QNUTIL_API MiniHandle QNUTIL_CALL mini_open(const char* dir, const char* name, int mode) {
-  char path[QNUTIL_PATH_SIZE];
-  return mini_open_ex(QnUtil_Makepath(path, "", dir, name), mode);
+  const std::optional<std::string> path = qnutil::files::compose_whole_path("", dir, name);
+  return path ? mini_open_ex(path->c_str(), mode) : nullptr;
 }
 
 extern "C" QNUTIL_API MiniHandle QNUTIL_CALL mini_open_ex(const char* path, int mode) {

@@ -9,6 +9,8 @@
 
 #include "ini/profile_edit.h"
 #include "ini/profile_query.h"
+#include "platform/file_replacement.h"
+#include "platform/folder_lock.h"
 #include "platform/settings_file.h"
 
 namespace qnutil::ini {
@@ -114,13 +116,16 @@ bool profile_write_string(const char* section, const char* key, const char* valu
     if (!key && !value) cache().forget(file);
     return false;
   }
+  // Other processes' writers wait while this one reads, edits and replaces
+  // the file, so that concurrent writes of different keys all land.
+  const platform::FolderLock folder_lock(file);
   const auto loaded = cache().load(file);
   if (loaded.exists && !loaded.text) return false;
   const IniText empty{std::string()};
   const IniText& current = loaded.text ? *loaded.text : empty;
   std::string bytes = edit_profile(current, section, key, value);
   if (loaded.exists && bytes == current.bytes()) return true;
-  if (!platform::replace_settings_file(file, bytes)) {
+  if (!platform::replace_file(file, bytes)) {
     cache().forget(file);
     return false;
   }

@@ -12,6 +12,10 @@ namespace qnutil::platform {
 // is no text/binary distinction.
 std::FILE* open_stream(const char* path, const char* mode);
 
+// What a newline becomes in a file written in text mode: "\r\n" on
+// Windows, "\n" elsewhere.
+extern const char kTextLineEnd[];
+
 // True when `path` names an existing file or folder.
 bool path_exists(const char* path);
 

@@ -1,11 +1,9 @@
 // Whole-file access for settings files: a cheap stamp that tells whether a
-// file changed since it was last read, access checks, and replacing a
-// file's contents so that readers and crashes never see half of it.
+// file changed since it was last read, and access checks.
 #pragma once
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 
 namespace qnutil::platform {
 
@@ -26,11 +24,5 @@ std::optional<FileStamp> settings_file_stamp(const char* path);
 bool can_read_file(const char* path);
 bool can_write_file(const char* path);
 
-// Replaces the file's contents with `bytes` (creating the file when it
-// does not exist): written to a temporary file in the same folder, forced
-// to the disk and renamed over the original, which keeps its permissions.
-// False, with the original untouched, when the folder does not exist or
-// an existing file is not writable.
-bool replace_settings_file(const char* path, std::string_view bytes);
 
 }  // namespace qnutil::platform

@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "qnutil/qnutil.h"
 #include "support/test_support.h"
+#ifndef _WIN32
+#include "support/faults.h"
+#endif
 
 namespace {
 
@@ -209,3 +213,40 @@ TEST(StreamFields, RejectBadArgumentsAndWriteErrors) {
 }
 
 }  // namespace
+
+#ifndef _WIN32
+// A name longer than the path buffers is refused, never cut to the name of
+// another file (on Windows such a cut name could not exist anyway).
+TEST_F(Fio, OverlongNamesAreRefusedNotCut) {
+  const std::string cut(255, 'n');
+  put("keep");
+  std::filesystem::rename(dir_.file("data.bin"), dir_.file(cut));
+  const std::string dir = dir_.path().string();
+  for (const std::string& name : {std::string(300, 'n'), std::string(100000, 'n')}) {
+    EXPECT_EQ(fio_open(dir.c_str(), name.c_str(), QNUTIL_FIO_WRITE), nullptr);
+    EXPECT_EQ(mini_open(dir.c_str(), name.c_str(), 0), nullptr);
+    EXPECT_EQ(mini_open(dir.c_str(), name.c_str(), QNUTIL_MINI_READ), nullptr);
+  }
+  const std::string long_folder = dir + "/" + std::string(300, 'f');
+  EXPECT_EQ(fio_open(long_folder.c_str(), "data.bin", QNUTIL_FIO_WRITE), nullptr);
+  EXPECT_EQ(read_file(dir_.file(cut)), "keep");
+}
+
+// A buffered write that failed (a full disk) is reported by fio_flush and
+// fio_close although the writes' own results were ignored.
+TEST_F(Fio, FailedBufferedWritesAreReportedAtFlushAndClose) {
+  for (const bool flush_first : {false, true}) {
+    const int result = qnutil_test::run_with_file_limit(100, [&] {
+      QnUtilFioFile* file = open(QNUTIL_FIO_WRITE);
+      for (int i = 0; i < 5000; ++i) fio_putchar(file, 'x');
+      const int flushed = flush_first ? fio_flush(file) : -1;
+      return (flushed == -1 ? 1 : 0) + (fio_close(file) == -1 ? 2 : 0);
+    });
+    EXPECT_EQ(result, 3) << flush_first;
+  }
+  QnUtilFioFile* file = open(QNUTIL_FIO_WRITE);
+  fio_putchar(file, 'x');
+  EXPECT_EQ(fio_flush(file), 0);
+  EXPECT_EQ(fio_close(file), 0);
+}
+#endif

@@ -6,6 +6,8 @@
 
 namespace qnutil::platform {
 
+const char kTextLineEnd[] = "\n";
+
 std::FILE* open_stream(const char* path, const char* mode) {
   std::string posix_mode;
   for (const char* p = mode; *p != '\0'; ++p) {

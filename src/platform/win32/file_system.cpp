@@ -7,6 +7,8 @@
 
 namespace qnutil::platform {
 
+const char kTextLineEnd[] = "\r\n";
+
 std::FILE* open_stream(const char* path, const char* mode) { return std::fopen(path, mode); }
 
 bool path_exists(const char* path) { return _access(path, 0) == 0; }
