@@ -44,10 +44,12 @@ class QNUTIL_API CQnMatFile {
    */
   int Read(const std::string& path);
   /**
-   * Writes the material into the existing, writable file path: 1 on
-   * success, 0 otherwise. When the file named another material whose
-   * section holds "kdiffus", that section is removed first. Bit 0 of Bits
-   * is not stored; the derived Oe fields are not written.
+   * Writes the material into the existing, writable file path, all or
+   * nothing: 1 when the file holds the whole new material, 0 when it was
+   * left as it was (a full disk or any other failed write included). When
+   * the file named another material whose section holds "kdiffus", that
+   * section is removed. Bit 0 of Bits is not stored; the derived Oe fields
+   * are not written.
    */
   int Write(const std::string& path);
   /** Write to the file last given to Read; 0 when there is none. */
