@@ -4,10 +4,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "qnutil/qnutil_win32.h"
+#include "failure.h"
 #include "registry.h"
 
 namespace qnutil_tool {
@@ -90,21 +92,55 @@ int save(bmpExHandle image, const char* path) {
   return 0;
 }
 
+// Whether the engine kept pixels after loading: an empty object saves
+// nothing.
+bool holds_pixels(bmpExHandle image) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::path probe = fs::temp_directory_path(error) / "qnutil-bmp-info-probe.bmp";
+  fs::remove(probe, error);
+  bmpExSaveToFile(image, probe.string().c_str());
+  const bool written = fs::exists(probe, error);
+  fs::remove(probe, error);
+  return written;
+}
+
+// Why the engine keeps the headers of such a file but no pixels.
+const char* why_no_pixels(unsigned bits, uint32_t colours, int32_t width, int32_t height) {
+  if (bits < 8) return "fewer than 8 bits per pixel are not supported";
+  if (bits == 8 && colours > 256) return "more palette entries than an 8-bit index can select";
+  if (height <= 0) return "a top-down (negative) or zero height is not loaded";
+  if (width == 0) return "zero width";
+  return "the picture would exceed the engine's largest buffer";
+}
+
 int info(const char* path) {
-  const auto h = read_header(path);
-  if (h.size() < 54) {
-    std::fprintf(stderr, "qnutil bmp: %s is not a BMP file (shorter than its headers)\n", path);
-    return 1;
+  if (const std::string problem = read_problem(path); !problem.empty()) {
+    return fail("bmp", path, problem);
   }
-  std::printf("%s\n  signature    %c%c\n  file size    %u (header says)\n  pixel offset %u\n", path, h[0], h[1],
-              le(h, 2, 4), le(h, 10, 4));
-  std::printf("  size         %d x %d\n  bits/pixel   %u\n  compression  %u\n  colours used %u\n",
-              static_cast<int32_t>(le(h, 18, 4)), static_cast<int32_t>(le(h, 22, 4)), le(h, 28, 2), le(h, 30, 4),
-              le(h, 46, 4));
+  const auto h = read_header(path);
+  if (h.size() < 54) return fail("bmp", path, "not a BMP file (shorter than its 54 header bytes)");
+  if (h[0] != 'B' || h[1] != 'M') return fail("bmp", path, "not a BMP file (no \"BM\" signature)");
+  const int32_t width = static_cast<int32_t>(le(h, 18, 4)), height = static_cast<int32_t>(le(h, 22, 4));
   const unsigned bits = le(h, 28, 2);
-  std::printf("  engine       %s\n", bits == 8 || bits == 16 || bits == 24 || bits == 32
-                                         ? "reads it into 32-bit words (16-bit channels stay 0..31)"
-                                         : "keeps the headers but no pixels (depth not supported)");
+  const uint32_t colours = le(h, 46, 4);
+  std::printf("%s\n  signature    BM\n  file size    %u (header says)\n  pixel offset %u\n", path,
+              le(h, 2, 4), le(h, 10, 4));
+  std::printf("  size         %d x %d%s\n  bits/pixel   %u\n  compression  %u\n  colours used %u\n",
+              width, height, height < 0 ? " (top-down)" : "", bits, le(h, 30, 4), colours);
+  bmpExHandle image = nullptr;
+  if (!bmpExInit(&image)) return fail("bmp", path, "out of memory");
+  bmpExLoad(image, path);
+  if (!holds_pixels(image)) {
+    std::printf("  engine       keeps the headers but no pixels: %s\n",
+                why_no_pixels(bits, colours, width, height));
+  } else if (bits == 8 || bits == 16 || bits == 24 || bits == 32) {
+    std::printf("  engine       reads %d x %d pixels into 32-bit words%s\n", width, height,
+                bits == 16 ? " (16-bit channels stay 0..31)" : "");
+  } else {
+    std::printf("  engine       makes %d x %d black pixels (no rule for %u bits per pixel)\n", width,
+                height, bits);
+  }
   return 0;
 }
 

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 
+#include "failure.h"
 #include "json_output.h"
 #include "qnutil/qnutil.h"
 #include "registry.h"
@@ -26,13 +27,27 @@ const Command kEnv{
 
 void QNUTIL_CALL to_stdout(int ch, void*) { std::putchar(ch); }
 
-// The environment of a file; null (after the reader's message) on failure.
-EnvHandle* open_file(const char* file, int& status) {
+// The environment of a file; null, after saying why, on failure.
+EnvHandle* open_file(const char* file) {
+  if (const std::string problem = read_problem(file); !problem.empty()) {
+    fail("env", file, problem);
+    return nullptr;
+  }
   EnvHandle* env = env_open(0, nullptr);
-  status = env_read_file(file, env);
-  if (status == ENV_OK) return env;
+  if (env_read_file(file, env) == ENV_OK) return env;
   env_close(env, 0);
+  fail("env", file, "syntax error (the reader's message says where)");
   return nullptr;
+}
+
+void QNUTIL_CALL to_string(int ch, void* text) {
+  if (ch >= 0) static_cast<std::string*>(text)->push_back(static_cast<char>(ch));
+}
+
+std::string canonical_text(EnvHandle* env) {
+  std::string text;
+  env_write(to_string, &text, env);
+  return text;
 }
 
 // user: a JsonArrayWriter for --json output, else null for text lines.
@@ -51,8 +66,7 @@ int QNUTIL_CALL print_leaf(EnvHandle* leaf, const char* section, const char* pat
 }
 
 int cat(const char* file) {
-  int status;
-  EnvHandle* env = open_file(file, status);
+  EnvHandle* env = open_file(file);
   if (!env) return 1;
   env_write(to_stdout, nullptr, env);
   env_close(env, 0);
@@ -60,8 +74,7 @@ int cat(const char* file) {
 }
 
 int get(const char* file, const char* section, const char* path) {
-  int status;
-  EnvHandle* env = open_file(file, status);
+  EnvHandle* env = open_file(file);
   if (!env) return 1;
   char* text = nullptr;
   const int result = env_get_reference(env, section, path, 1, &text);
@@ -76,23 +89,30 @@ int get(const char* file, const char* section, const char* path) {
   return result >= 0 ? 0 : 1;
 }
 
-// A missing FILE starts an empty environment.
+// A missing FILE starts an empty environment. The library does not report
+// a failed write (the old file then stays whole), so the file is read back.
 int set(const char* file, const char* section, const char* path, const char* value) {
-  EnvHandle* env = env_open(0, nullptr);
   std::error_code error;
-  if (std::filesystem::exists(file, error) && env_read_file(file, env) != ENV_OK) {
-    env_close(env, 0);
-    return 1;
-  }
+  EnvHandle* env = std::filesystem::exists(file, error) ? open_file(file) : env_open(0, nullptr);
+  if (!env) return 1;
   const int result = env_put(env, section, path, value);
-  if (result == ENV_OK) env_write_file(file, env);
+  if (result != ENV_OK) {
+    env_close(env, 0);
+    return fail("env", std::string("[") + section + "] " + path,
+                "cannot be stored there (status " + std::to_string(result) + ")");
+  }
+  env_write_file(file, env);
+  const std::string wanted = canonical_text(env);
   env_close(env, 0);
-  return result == ENV_OK ? 0 : 1;
+  EnvHandle* written = env_open(0, nullptr);
+  const bool saved = read_problem(file).empty() && env_read_file(file, written) == ENV_OK &&
+                     canonical_text(written) == wanted;
+  env_close(written, 0);
+  return saved ? 0 : fail("env", file, write_problem(file));
 }
 
 int tree(const char* file, bool as_json) {
-  int status;
-  EnvHandle* env = open_file(file, status);
+  EnvHandle* env = open_file(file);
   if (!env) return 1;
   if (as_json) {
     JsonArrayWriter json;
@@ -105,12 +125,8 @@ int tree(const char* file, bool as_json) {
 }
 
 int check(const char* file) {
-  int status;
-  EnvHandle* env = open_file(file, status);
-  if (!env) {
-    std::fprintf(stderr, "%s: %s\n", file, status == ENV_SYNTAX ? "syntax error" : "cannot read");
-    return 1;
-  }
+  EnvHandle* env = open_file(file);
+  if (!env) return 1;
   std::printf("%s: ok, %d sections\n", file, env_count_elements(env, nullptr, nullptr, 1));
   env_close(env, 0);
   return 0;
@@ -131,8 +147,7 @@ int run_env(int argc, char** argv) {
 
 int demo_env(const DemoContext& context) {
   const std::string sample = (context.samples / "env" / "building.env").string();
-  int status;
-  EnvHandle* env = open_file(sample.c_str(), status);
+  EnvHandle* env = open_file(sample.c_str());
   if (!env) return 1;
   double height = 0;
   long storeys = 0;

@@ -1,12 +1,18 @@
 // qnutil ini / mat: INI values and material files; plus a demo of INI
 // access, style records and a material.
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <limits>
 #include <string>
 
 #include "qnutil/qnutil.h"
+#include "failure.h"
 #include "json_output.h"
 #include "registry.h"
 
@@ -34,18 +40,20 @@ constexpr char kMissing[] = "_TheDefault_";
 
 int run_ini(int argc, char** argv) {
   if (argc == 5 && std::strcmp(argv[1], "get") == 0) {
+    // The profile functions read a missing or unreadable file as empty.
+    if (const std::string problem = read_problem(argv[2]); !problem.empty()) {
+      return fail("ini", argv[2], problem);
+    }
     const std::string value = CQnIniFile::FileReadString(argv[2], argv[3], argv[4]);
     if (value == kMissing) {
-      std::fprintf(stderr, "qnutil ini: no key %s in section %s of %s\n", argv[4], argv[3], argv[2]);
-      return 1;
+      return fail("ini", argv[2], std::string("no key ") + argv[4] + " in section " + argv[3]);
     }
     std::printf("%s\n", value.c_str());
     return 0;
   }
   if (argc == 6 && std::strcmp(argv[1], "set") == 0) {
     if (CQnIniFile::FileWriteString(argv[2], argv[3], argv[4], argv[5])) return 0;
-    std::fprintf(stderr, "qnutil ini: cannot write %s\n", argv[2]);
-    return 1;
+    return fail("ini", argv[2], write_problem(argv[2]));
   }
   return usage_error(kIni);
 }
@@ -88,18 +96,42 @@ void print_material_json(CQnMatFile& material) {
       json_string(texture.c_str()).c_str());
 }
 
-bool parse_colour(const char* text, float (&rgb)[3]) {
+// A finite number within [low, high], the whole text.
+bool parse_number(const char* text, float low, float high, float& out) {
   char* end = nullptr;
-  for (int i = 0; i < 3; ++i) {
-    rgb[i] = std::strtof(text, &end);
-    if (end == text || *end != (i < 2 ? ',' : '\0')) return false;
-    text = end + 1;
+  const float value = std::strtof(text, &end);
+  if (end == text || *end != '\0' || !std::isfinite(value) || value < low || value > high) {
+    return false;
   }
+  out = value;
   return true;
 }
 
-// Sets one field by its file key; false for an unknown key or bad value.
-bool set_field(CQnMatFile& material, const char* key, const char* value) {
+bool parse_colour(const char* text, float (&rgb)[3]) {
+  float parsed[3];
+  std::string parts = text;
+  for (int i = 0; i < 3; ++i) {
+    const std::size_t comma = parts.find(',');
+    if ((comma == std::string::npos) != (i == 2)) return false;
+    if (!parse_number(parts.substr(0, comma).c_str(), 0.0f, 1.0f, parsed[i])) return false;
+    parts.erase(0, comma == std::string::npos ? parts.size() : comma + 1);
+  }
+  std::copy(parsed, parsed + 3, rgb);
+  return true;
+}
+
+// Decimal digits only (no sign), at most 4294967295.
+bool parse_bits(const char* text, std::uint32_t& out) {
+  if (!*text || std::strspn(text, "0123456789") != std::strlen(text)) return false;
+  errno = 0;
+  const unsigned long long value = std::strtoull(text, nullptr, 10);
+  if (errno == ERANGE || value > 0xFFFFFFFFull) return false;
+  out = static_cast<std::uint32_t>(value);
+  return true;
+}
+
+// Sets one field by its file key; "" on success, else why not.
+std::string set_field(CQnMatFile& material, const char* key, const char* value) {
   matTyp& m = *material.GetMaterialPtr();
   struct Number {
     const char* key;
@@ -109,26 +141,27 @@ bool set_field(CQnMatFile& material, const char* key, const char* value) {
                                Number{"kspiegel", &m.kspiegel}, Number{"alpha", &m.alpha},
                                Number{"Oe", &m.Oe}}) {
     if (std::strcmp(key, number.key) != 0) continue;
-    char* end = nullptr;
-    *number.field = std::strtof(value, &end);
-    return end != value && *end == '\0';
+    const float limit = std::numeric_limits<float>::max();
+    return parse_number(value, -limit, limit, *number.field) ? "" : "is not a finite number";
   }
   if (std::strcmp(key, "Bits") == 0) {
-    char* end = nullptr;
-    m.Bits = static_cast<std::uint32_t>(std::strtoul(value, &end, 10));
-    return end != value && *end == '\0';
+    return parse_bits(value, m.Bits) ? "" : "is not an unsigned 32-bit integer (0 to 4294967295)";
   }
-  if (std::strcmp(key, "RGBDiffus") == 0) return parse_colour(value, m.RGBDiffus);
-  if (std::strcmp(key, "RGBSpiegel") == 0) return parse_colour(value, m.RGBSpiegel);
+  if (std::strcmp(key, "RGBDiffus") == 0 || std::strcmp(key, "RGBSpiegel") == 0) {
+    return parse_colour(value, key[3] == 'D' ? m.RGBDiffus : m.RGBSpiegel)
+               ? ""
+               : "is not three numbers from 0 to 1, comma-separated";
+  }
   if (std::strcmp(key, "Name") == 0) {
+    if (!*value) return "is empty: a material needs a name";
     material.SetLogName(value);
-    return *value != '\0';
+    return "";
   }
   if (std::strcmp(key, "Testtextur") == 0) {
     material.SetTestTexturePath(value);
-    return true;
+    return "";
   }
-  return false;
+  return "is no material key";
 }
 
 int run_mat(int argc, char** argv) {
@@ -136,10 +169,12 @@ int run_mat(int argc, char** argv) {
   const bool show = argc == 3 && std::strcmp(argv[1], "show") == 0;
   const bool set = argc == 5 && std::strcmp(argv[1], "set") == 0;
   if ((!show && !set) || (as_json && !show)) return usage_error(kMat);
+  if (const std::string problem = read_problem(argv[2]); !problem.empty()) {
+    return fail("mat", argv[2], problem);
+  }
   CQnMatFile material(argv[2]);
   if (!material.IsLoaded()) {
-    std::fprintf(stderr, "qnutil mat: %s is no readable material file\n", argv[2]);
-    return 1;
+    return fail("mat", argv[2], "no material (it needs a Name, \"kdiffus\" and \"kambient\")");
   }
   if (show) {
     if (as_json)
@@ -148,10 +183,11 @@ int run_mat(int argc, char** argv) {
       print_material(material);
     return 0;
   }
-  if (!set_field(material, argv[3], argv[4])) return usage_error(kMat);
+  if (const std::string problem = set_field(material, argv[3], argv[4]); !problem.empty()) {
+    return fail("mat", argv[2], std::string(argv[3]) + " " + argv[4] + " " + problem);
+  }
   if (material.Write() == 1) return 0;
-  std::fprintf(stderr, "qnutil mat: cannot write %s\n", argv[2]);
-  return 1;
+  return fail("mat", argv[2], write_problem(argv[2]));
 }
 
 int demo_ini(const DemoContext& context) {
