@@ -1,4 +1,5 @@
 #include "platform/file_replacement.h"
+#include "platform/temporary_names.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -15,9 +16,6 @@
 namespace qnutil::platform {
 namespace {
 
-constexpr char kMarker[] = ".qnutil-";
-constexpr char kSuffix[] = ".tmp";
-
 // A symbolic link is followed, so that the file it names is replaced and
 // the link stays.
 std::string resolved_target(const char* path) {
@@ -31,27 +29,14 @@ std::string folder_of(const std::string& path) {
   return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-// "<name>.qnutil-<pid>-<sequence>.tmp" for the temporary files of `name`
-// written by process pid; the pid of such a name, or 0.
-pid_t writer_of(const std::string& entry, const std::string& name) {
-  const std::string prefix = name + kMarker;
-  const std::size_t suffix = sizeof kSuffix - 1;
-  if (entry.size() <= prefix.size() + suffix || entry.compare(0, prefix.size(), prefix) != 0 ||
-      entry.compare(entry.size() - suffix, suffix, kSuffix) != 0) {
-    return 0;
-  }
-  const std::string digits = entry.substr(prefix.size(), entry.size() - prefix.size() - suffix);
-  if (digits.empty() || digits.find_first_not_of("0123456789-") != std::string::npos) return 0;
-  return static_cast<pid_t>(std::strtol(digits.c_str(), nullptr, 10));
-}
-
 // Temporary files of `name` whose writer no longer runs: a killed process
 // left them.
 void remove_stale_temporaries(const std::string& folder, const std::string& name) {
   DIR* directory = ::opendir(folder.c_str());
   if (!directory) return;
   while (const dirent* entry = ::readdir(directory)) {
-    const pid_t writer = writer_of(entry->d_name, name);
+    const auto writer = static_cast<pid_t>(
+        temporary_writer(entry->d_name, name, [](char a, char b) { return a == b; }));
     if (writer > 0 && writer != ::getpid() && ::kill(writer, 0) != 0 && errno == ESRCH) {
       ::unlink((folder + '/' + entry->d_name).c_str());
     }
@@ -83,8 +68,7 @@ FileReplacement::FileReplacement(const char* path) : target_(resolved_target(pat
   remove_stale_temporaries(folder, target_.substr(target_.rfind('/') + 1));
 
   static std::atomic<unsigned> sequence{0};
-  temporary_ = target_ + kMarker + std::to_string(::getpid()) + '-' +
-               std::to_string(sequence.fetch_add(1)) + kSuffix;
+  temporary_ = temporary_name(target_, static_cast<std::uint32_t>(::getpid()), sequence++);
   const int fd = ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
   if (fd >= 0) handle_ = fd;
 }

@@ -1,28 +1,14 @@
 #include "platform/file_replacement.h"
+#include "platform/temporary_names.h"
 
 #include <windows.h>
 
 #include <atomic>
-#include <cstdlib>
+#include <cctype>
 #include <string>
 
 namespace qnutil::platform {
 namespace {
-
-constexpr char kMarker[] = ".qnutil-";
-constexpr char kSuffix[] = ".tmp";
-
-// The process id in "<name>.qnutil-<pid>-<sequence>.tmp", or 0.
-DWORD writer_of(const std::string& entry, const std::string& name) {
-  const std::string prefix = name + kMarker;
-  const std::size_t suffix = sizeof kSuffix - 1;
-  if (entry.size() <= prefix.size() + suffix ||
-      _strnicmp(entry.c_str(), prefix.c_str(), prefix.size()) != 0 ||
-      _stricmp(entry.c_str() + entry.size() - suffix, kSuffix) != 0) {
-    return 0;
-  }
-  return static_cast<DWORD>(std::strtoul(entry.c_str() + prefix.size(), nullptr, 10));
-}
 
 bool process_runs(DWORD id) {
   const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, id);
@@ -36,10 +22,13 @@ bool process_runs(DWORD id) {
 // left them.
 void remove_stale_temporaries(const std::string& folder, const std::string& name) {
   WIN32_FIND_DATAA found;
-  const HANDLE search = FindFirstFileA((folder + name + kMarker + "*" + kSuffix).c_str(), &found);
+  const HANDLE search =
+      FindFirstFileA((folder + name + kTemporaryMarker + "*" + kTemporarySuffix).c_str(), &found);
   if (search == INVALID_HANDLE_VALUE) return;
   do {
-    const DWORD writer = writer_of(found.cFileName, name);
+    const DWORD writer = temporary_writer(found.cFileName, name, [](char a, char b) {
+      return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+    });
     if (writer && writer != GetCurrentProcessId() && !process_runs(writer)) {
       DeleteFileA((folder + found.cFileName).c_str());
     }
@@ -59,8 +48,7 @@ FileReplacement::FileReplacement(const char* path) : target_(path) {
   const std::string folder = slash == std::string::npos ? "" : target_.substr(0, slash + 1);
   remove_stale_temporaries(folder, target_.substr(folder.size()));
   static std::atomic<unsigned> sequence{0};
-  temporary_ = target_ + kMarker + std::to_string(GetCurrentProcessId()) + '-' +
-               std::to_string(sequence.fetch_add(1)) + kSuffix;
+  temporary_ = temporary_name(target_, GetCurrentProcessId(), sequence++);
   const HANDLE file = CreateFileA(temporary_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file != INVALID_HANDLE_VALUE) handle_ = reinterpret_cast<std::intptr_t>(file);

@@ -88,26 +88,26 @@ void write_file(const char* path, const char* text) {
   fclose(file);
 }
 
-bool file_is(const char* path, const char* expected) {
+// The file's bytes as text (static storage, up to 4 KiB); "" when missing.
+const char* file_text(const char* path) {
   static char content[4096];
   FILE* file = fopen(path, "rb");
-  if (!file) return false;
-  const size_t length = fread(content, 1, sizeof content - 1, file);
-  fclose(file);
+  const size_t length = file ? fread(content, 1, sizeof content - 1, file) : 0;
+  if (file) fclose(file);
   content[length] = '\0';
+  return content;
+}
+
+bool file_is(const char* path, const char* expected) {
+  const char* content = file_text(path);
   if (strcmp(content, expected) == 0) return true;
   printf("  %s holds:\n%s\n  expected:\n%s\n", path, content, expected);
   return false;
 }
 
 bool contains(const char* path, const char* part) {
-  static char content[4096];
-  FILE* file = fopen(path, "rb");
-  if (!file) return false;
-  const size_t length = fread(content, 1, sizeof content - 1, file);
-  fclose(file);
-  content[length] = '\0';
-  const size_t part_length = strlen(part);
+  const char* content = file_text(path);
+  const size_t length = strlen(content), part_length = strlen(part);
   for (size_t i = 0; i + part_length <= length; ++i) {
     if (memcmp(content + i, part, part_length) == 0) return true;
   }
