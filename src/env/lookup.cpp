@@ -88,10 +88,6 @@ bool split_path(const char* path) {
   return !reg.steps.empty();
 }
 
-const PathStep* path_steps_begin() { return path_register().steps.data(); }
-const PathStep* path_steps_end() {
-  return path_register().steps.data() + path_register().steps.size();
-}
 const PendingSteps& pending_steps() { return path_register().pending; }
 
 int kind_status(Kind kind) {

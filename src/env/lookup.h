@@ -45,7 +45,5 @@ Element* element_at(ElementList* list, long pos);
 // Splits path at the delimiter into steps (the thread's token register);
 // false for a path without any component.
 bool split_path(const char* path);
-const PathStep* path_steps_begin();
-const PathStep* path_steps_end();
 
 }  // namespace qnutil::env

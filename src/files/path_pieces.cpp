@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "platform/codepage.h"
+#include "numeric/multibyte_text.h"
 #include "platform/path_syntax.h"
 
 namespace qnutil::files {
@@ -12,13 +12,8 @@ namespace {
 // its own, not the trail byte of a double-byte character.
 const char* name_start(const char* text) {
   const char* start = text;
-  for (const char* p = text; *p != '\0';) {
-    if (platform::is_lead_byte(static_cast<unsigned char>(*p)) && p[1] != '\0') {
-      p += 2;
-      continue;
-    }
-    if (platform::is_path_separator(*p)) start = p + 1;
-    ++p;
+  for (const char* p = text; *p != '\0'; p += numeric::character_length(p)) {
+    if (numeric::character_length(p) == 1 && platform::is_path_separator(*p)) start = p + 1;
   }
   return start;
 }
@@ -50,7 +45,7 @@ std::size_t last_character_index(const std::string& text) {
   std::size_t last = std::string::npos;
   for (std::size_t i = 0; i < text.size();) {
     last = i;
-    i += platform::is_lead_byte(static_cast<unsigned char>(text[i])) && i + 1 < text.size() ? 2 : 1;
+    i += numeric::character_length(text.c_str() + i);
   }
   return last;
 }

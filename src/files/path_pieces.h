@@ -6,14 +6,16 @@
 #include <optional>
 #include <string>
 
+#include "qnutil/files.h"
+
 namespace qnutil::files {
 
 // Buffer sizes of the pieces, terminator included; also the size of a
-// composed path.
-inline constexpr std::size_t kDriveSize = 3;
-inline constexpr std::size_t kFolderSize = 256;
-inline constexpr std::size_t kNameSize = 256;
-inline constexpr std::size_t kPathSize = 260;
+// composed path: the C interface's buffers.
+inline constexpr std::size_t kDriveSize = QNUTIL_DRIVE_SIZE;
+inline constexpr std::size_t kFolderSize = QNUTIL_FOLDER_SIZE;
+inline constexpr std::size_t kNameSize = QNUTIL_NAME_SIZE;
+inline constexpr std::size_t kPathSize = QNUTIL_PATH_SIZE;
 
 struct PathPieces {
   char drive[kDriveSize];    // "C:" or empty

@@ -11,9 +11,9 @@ Module& module() {
   return *instance;
 }
 
-void module_load() {
+void module_load(void* instance) {
   module();
-  platform::module_os_startup();
+  platform::module_os_startup(instance);
 }
 
 void module_unload() {

@@ -17,9 +17,10 @@ struct Module {
 
 Module& module();
 
-// Called once when the library is loaded / unloaded (DllMain or the ELF
-// constructor and destructor of the platform layer).
-void module_load();
+// Called once when the library is loaded / unloaded (module_entry*.cpp:
+// DllMain with the DLL's instance handle, or the ELF constructor and
+// destructor with none).
+void module_load(void* instance);
 void module_unload();
 
 }  // namespace qnutil::frame

@@ -4,7 +4,7 @@
 
 #include "frame/export_guard.h"
 #include "gdiplus/gdiplus_sdk.h"
-#include "platform/text_encoding.h"
+#include "numeric/text_encoding.h"
 
 namespace {
 
@@ -36,7 +36,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusGetBitmapFromHBitmap(HBITMAP bitmap
 extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusGetBitmapFromFile(const char* path, void** image) {
   if (!path) return 0;
   return guard_export(0, [&] {
-    const std::u16string wide = qnutil::platform::ansi_to_utf16(path);
+    const std::u16string wide = qnutil::numeric::ansi_to_utf16(path);
     const std::wstring name(wide.begin(), wide.end());
     return hand_out(new Gdiplus::Bitmap(name.c_str()), image);
   });

@@ -7,7 +7,7 @@
 #include "frame/export_guard.h"
 #include "gdiplus/gdiplus_sdk.h"
 #include "gdiplus/print_core.h"
-#include "platform/text_encoding.h"
+#include "numeric/text_encoding.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ using qnutil::frame::guard_export;
 using qnutil::gdiplus::as_bitmap;
 
 std::wstring wide_ansi(const char* text) {
-  const std::u16string wide = qnutil::platform::ansi_to_utf16(text);
+  const std::u16string wide = qnutil::numeric::ansi_to_utf16(text);
   return {wide.begin(), wide.end()};
 }
 

@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "frame/text_format.h"
-#include "platform/profile.h"
+#include "ini/profile_access.h"
 
 namespace qnutil::ini {
 
@@ -21,7 +21,7 @@ using qnutil::ini::kMissingMarker;
 
 extern "C" unsigned qnutil_ini_read_string(const char* file, const char* section, const char* key,
                                            char* value) {
-  const auto length = qnutil::platform::read_profile_string(section, key, kMissingMarker, value,
+  const auto length = qnutil::ini::read_profile_string(section, key, kMissingMarker, value,
                                                             QNUTIL_INI_VALUE_BUFFER_SIZE, file);
   // The platform reports 0 characters for a key present with an empty value.
   if (length == 0) value[0] = '\0';
@@ -29,7 +29,7 @@ extern "C" unsigned qnutil_ini_read_string(const char* file, const char* section
 }
 
 extern "C" int qnutil_ini_read_int(const char* file, const char* section, const char* key) {
-  return static_cast<int>(qnutil::platform::read_profile_int(section, key, 0, file));
+  return static_cast<int>(qnutil::ini::read_profile_int(section, key, 0, file));
 }
 
 extern "C" double qnutil_ini_read_double(const char* file, const char* section, const char* key) {
@@ -40,7 +40,7 @@ extern "C" double qnutil_ini_read_double(const char* file, const char* section, 
 
 extern "C" int qnutil_ini_write_string(const char* file, const char* section, const char* key,
                                        const char* value) {
-  return qnutil::platform::write_profile_string(section, key, value, file) ? 1 : 0;
+  return qnutil::ini::write_profile_string(section, key, value, file) ? 1 : 0;
 }
 
 extern "C" int qnutil_ini_write_int(const char* file, const char* section, const char* key,

@@ -33,8 +33,6 @@ std::string folded(std::string_view name) {
 
 }  // namespace
 
-unsigned char fold_case(unsigned char c) { return kFold[c]; }
-
 bool names_equal(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
   for (std::size_t i = 0; i < a.size(); ++i) {

@@ -25,7 +25,6 @@ inline bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\v'; }
 
 // Name comparison of the profile functions: case-blind for the letters of
 // Windows-1252 (ASCII and the accented Latin letters).
-unsigned char fold_case(unsigned char c);
 bool names_equal(std::string_view a, std::string_view b);
 
 // Names given by callers lose leading and trailing spaces (only spaces).

@@ -5,10 +5,10 @@
 
 #include "frame/text_format.h"
 #include "ini/class_core.h"
-#include "ini/multibyte_copy.h"
+#include "numeric/multibyte_text.h"
 #include "platform/file_replacement.h"
 #include "platform/folder_lock.h"
-#include "platform/profile.h"
+#include "ini/profile_access.h"
 #include "platform/settings_file.h"
 #include "qnutil/files.h"
 
@@ -26,13 +26,13 @@ class MaterialFile {
   // default is "".
   std::string read(const std::string& section, const char* key, const char* fallback) const {
     char buffer[kValueBufferSize];
-    qnutil::platform::read_profile_string(section.c_str(), key, fallback, buffer, sizeof buffer,
+    qnutil::ini::read_profile_string(section.c_str(), key, fallback, buffer, sizeof buffer,
                                           path_);
     return buffer;
   }
 
   bool write(const std::string& section, const char* key, const char* value) const {
-    return qnutil::platform::write_profile_string(section.c_str(), key, value, path_);
+    return qnutil::ini::write_profile_string(section.c_str(), key, value, path_);
   }
 
  private:
@@ -51,7 +51,7 @@ void parse_three(const std::string& text, float (&out)[3], bool integers) {
   const char* parts[3] = {copy.c_str(), nullptr, nullptr};
   int commas = 0;
   for (std::size_t i = 0; i < copy.size() && commas < 2;
-       i += qnutil::ini::character_length(&copy[i])) {
+       i += qnutil::numeric::character_length(&copy[i])) {
     if (copy[i] != ',') continue;
     copy[i] = '\0';
     parts[++commas] = copy.c_str() + i + 1;
@@ -164,9 +164,9 @@ int write_material(const char* path, const std::string& name, const char* test_t
   write(name, "RGBDiffus", colour(m.RGBDiffus));
   write(name, "RGBSpiegel", colour(m.RGBSpiegel));
   write(name, "Testtextur", test_texture_path);
-  qnutil::platform::flush_profile_cache(staged.c_str());
+  qnutil::ini::flush_profile_cache(staged.c_str());
   const bool saved = written && replacement.commit();
-  qnutil::platform::flush_profile_cache(path);
+  qnutil::ini::flush_profile_cache(path);
   return saved ? 1 : 0;
 }
 

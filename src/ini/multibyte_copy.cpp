@@ -2,13 +2,11 @@
 
 #include <cstring>
 
-#include "platform/codepage.h"
+#include "numeric/multibyte_text.h"
 
 namespace qnutil::ini {
 
-std::size_t character_length(const char* text) {
-  return platform::is_lead_byte(static_cast<unsigned char>(text[0])) && text[1] != '\0' ? 2 : 1;
-}
+using numeric::character_length;
 
 void copy_multibyte_bytes(char* target, const char* source, std::size_t count) {
   std::size_t done = 0;

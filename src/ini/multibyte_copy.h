@@ -13,8 +13,4 @@ namespace qnutil::ini {
 // beyond `count`.
 void copy_multibyte_bytes(char* target, const char* source, std::size_t count);
 
-// Number of bytes of the character that starts at `text` (1, or 2 for a
-// lead byte followed by a trail byte).
-std::size_t character_length(const char* text);
-
 }  // namespace qnutil::ini

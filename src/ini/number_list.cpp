@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "ini/multibyte_copy.h"
+#include "numeric/multibyte_text.h"
 #include "qnutil/numeric.h"
 
 namespace qnutil::ini {
@@ -20,7 +20,7 @@ int parse_number_list(const char* text, double* out, int capacity) {
     if (end == position) return -1;
     out[stored++] = value;
     if (stored >= capacity || *end == '\0') return stored;
-    position = end + character_length(end);
+    position = end + numeric::character_length(end);
   }
 }
 

@@ -59,7 +59,7 @@ bool is_low_surrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; 
 // consumes every continuation byte it has checked before it rejects a
 // sequence; a byte that is not a continuation byte starts the next one.
 // A sequence cut off by the end of the text swallows the terminator.
-std::u16string utf8_to_utf16(std::string_view utf8) {
+std::u16string codec_utf8_to_utf16(std::string_view utf8) {
   std::u16string out;
   out.reserve(utf8.size());
   const std::size_t end = utf8.size();  // index of the (virtual) terminator
@@ -97,7 +97,7 @@ std::u16string utf8_to_utf16(std::string_view utf8) {
   return out;
 }
 
-std::string utf16_to_utf8(std::u16string_view utf16) {
+std::string codec_utf16_to_utf8(std::u16string_view utf16) {
   std::string out;
   out.reserve(utf16.size() * 3);
   for (std::size_t i = 0; i < utf16.size(); ++i) {

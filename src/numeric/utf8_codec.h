@@ -9,7 +9,7 @@
 
 namespace qnutil::numeric {
 
-std::u16string utf8_to_utf16(std::string_view utf8);
-std::string utf16_to_utf8(std::u16string_view utf16);
+std::u16string codec_utf8_to_utf16(std::string_view utf8);
+std::string codec_utf16_to_utf8(std::u16string_view utf16);
 
 }  // namespace qnutil::numeric

@@ -1,12 +1,13 @@
-// Operating-system work at library load and unload. The load entry point
-// itself (DllMain, or an ELF constructor) lives in the implementation files
-// and calls frame::module_load / frame::module_unload.
+// Operating-system work at library load and unload, called by the module
+// object's load and unload (the entry points are the frame's).
 #pragma once
 
 namespace qnutil::platform {
 
-// Windows: CoInitialize(NULL) for the loading thread. POSIX: nothing.
-void module_os_startup();
+// Windows: remembers the DLL's instance handle (for resources and the
+// module's file name) and calls CoInitialize(NULL) for the loading thread.
+// POSIX: nothing.
+void module_os_startup(void* instance);
 // Windows: CoUninitialize(). POSIX: nothing.
 void module_os_shutdown();
 

@@ -64,7 +64,6 @@ HWND host_main_window() {
 
 }  // namespace
 
-PSFilter_* current_filter() { return g_current; }
 void set_current_filter(PSFilter_* filter) { g_current = filter; }
 
 void initialise_procs(PSFilter_& filter) {

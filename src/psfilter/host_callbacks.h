@@ -9,7 +9,6 @@ struct PSFilter_;
 namespace qnutil::psfilter {
 
 // The filter whose run is in progress, or null.
-PSFilter_* current_filter();
 void set_current_filter(PSFilter_* filter);
 
 // Fills the record's constant fields and callback tables, once per filter.

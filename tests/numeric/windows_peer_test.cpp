@@ -14,7 +14,7 @@
 
 #include "numeric/utf8_codec.h"
 #include "numeric/windows_1252.h"
-#include "platform/text_encoding.h"
+#include "numeric/text_encoding.h"
 #include "qnutil/qnutil.h"
 
 namespace {
@@ -22,7 +22,7 @@ namespace {
 // Windows' own conversions are reached through the library's Windows
 // platform layer, which is what the portable codec stands in for.
 void expect_same_decoding(const std::string& utf8) {
-  EXPECT_EQ(qnutil::numeric::utf8_to_utf16(utf8), qnutil::platform::utf8_to_utf16(utf8))
+  EXPECT_EQ(qnutil::numeric::codec_utf8_to_utf16(utf8), qnutil::numeric::utf8_to_utf16(utf8))
       << ::testing::PrintToString(utf8);
 }
 
@@ -72,14 +72,14 @@ TEST(CodecPeer, Utf8DecodingMatchesRandomText) {
 TEST(CodecPeer, Utf16EncodingMatchesEveryUnitAndSurrogateCombination) {
   for (char32_t unit = 1; unit <= 0xFFFF; ++unit) {
     const std::u16string text{static_cast<char16_t>(unit), u'a'};
-    EXPECT_EQ(qnutil::numeric::utf16_to_utf8(text), qnutil::platform::utf16_to_utf8(text)) << static_cast<unsigned>(unit);
+    EXPECT_EQ(qnutil::numeric::codec_utf16_to_utf8(text), qnutil::numeric::utf16_to_utf8(text)) << static_cast<unsigned>(unit);
   }
   const char16_t samples[] = {0xD800, 0xDBFF, 0xDC00, 0xDFFF, u'a', 0xFFFD};
   for (char16_t a : samples)
     for (char16_t b : samples)
       for (char16_t c : samples) {
         const std::u16string text{a, b, c};
-        EXPECT_EQ(qnutil::numeric::utf16_to_utf8(text), qnutil::platform::utf16_to_utf8(text));
+        EXPECT_EQ(qnutil::numeric::codec_utf16_to_utf8(text), qnutil::numeric::utf16_to_utf8(text));
       }
 }
 

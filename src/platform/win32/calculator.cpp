@@ -7,7 +7,6 @@
 #include <mutex>
 #include <new>
 
-#include "frame/module.h"
 
 namespace qnutil::platform {
 namespace {
@@ -43,11 +42,9 @@ using TextToNumberMethod = HRESULT(STDMETHODCALLTYPE*)(void* self, BSTR text, lo
 using NumberToTextMethod = HRESULT(STDMETHODCALLTYPE*)(void* self, double value, long a, long b,
                                                        long c, BSTR* text, long* status);
 
-void* interface_pointer() { return frame::module().calculator; }
-
 template <class Method>
-Method method(int slot) {
-  void** table = *static_cast<void***>(interface_pointer());
+Method method(void* calculator, int slot) {
+  void** table = *static_cast<void***>(calculator);
   return reinterpret_cast<Method>(table[slot]);
 }
 
@@ -92,39 +89,36 @@ std::string take_text(BSTR text) {
 
 }  // namespace
 
-bool calculator_connect() {
-  frame::Module& module = frame::module();
-  std::lock_guard guard(module.lock);
-  if (module.calculator) return true;
+void* calculator_connect() {
   IClassFactory* factory = nullptr;
   if (FAILED(CoGetClassObject(kCalculatorClass, kServerContexts, nullptr, IID_IClassFactory,
                               reinterpret_cast<void**>(&factory))))
-    return false;
+    return nullptr;
+  void* calculator = nullptr;
   IUnknown* object = nullptr;
   if (SUCCEEDED(factory->CreateInstance(nullptr, IID_IUnknown, reinterpret_cast<void**>(&object)))) {
-    void* calculator = nullptr;
-    if (SUCCEEDED(object->QueryInterface(kCalculatorInterface, &calculator)))
-      module.calculator = calculator;
+    if (FAILED(object->QueryInterface(kCalculatorInterface, &calculator))) calculator = nullptr;
     object->Release();
   }
   factory->Release();
-  return module.calculator != nullptr;
+  return calculator;
 }
 
-bool calculator_initialise(long argument) {
-  return SUCCEEDED(method<InitialiseMethod>(kInitialiseSlot)(interface_pointer(), argument));
+bool calculator_initialise(void* calculator, long argument) {
+  return SUCCEEDED(method<InitialiseMethod>(calculator, kInitialiseSlot)(calculator, argument));
 }
 
-bool calculator_evaluate(const char* expression, long argument1, long argument2) {
+bool calculator_evaluate(void* calculator, const char* expression, long argument1, long argument2) {
   const WideText wide(expression);
-  return SUCCEEDED(
-      method<EvaluateMethod>(kEvaluateSlot)(interface_pointer(), wide.get(), argument1, argument2));
+  return SUCCEEDED(method<EvaluateMethod>(calculator, kEvaluateSlot)(calculator, wide.get(),
+                                                                     argument1, argument2));
 }
 
-bool calculator_error_text(long argument1, long argument2, long argument3, std::string& text) {
+bool calculator_error_text(void* calculator, long argument1, long argument2, long argument3,
+                           std::string& text) {
   BSTR result = nullptr;
-  const HRESULT status = method<ErrorTextMethod>(kErrorTextSlot)(interface_pointer(), argument1,
-                                                                 argument2, argument3, &result);
+  const HRESULT status = method<ErrorTextMethod>(calculator, kErrorTextSlot)(
+      calculator, argument1, argument2, argument3, &result);
   if (FAILED(status) || !result) {
     SysFreeString(result);
     return false;
@@ -133,17 +127,18 @@ bool calculator_error_text(long argument1, long argument2, long argument3, std::
   return true;
 }
 
-bool calculator_text_to_number(const char* text, long mode, double& value, long& status) {
+bool calculator_text_to_number(void* calculator, const char* text, long mode, double& value,
+                               long& status) {
   const WideText wide(text);
-  return SUCCEEDED(method<TextToNumberMethod>(kTextToNumberSlot)(interface_pointer(), wide.get(),
-                                                                 mode, &value, &status));
+  return SUCCEEDED(method<TextToNumberMethod>(calculator, kTextToNumberSlot)(
+      calculator, wide.get(), mode, &value, &status));
 }
 
-bool calculator_number_to_text(double value, long a, long b, long c, std::string& text,
-                               long& status) {
+bool calculator_number_to_text(void* calculator, double value, long a, long b, long c,
+                               std::string& text, long& status) {
   BSTR result = nullptr;
-  const HRESULT call = method<NumberToTextMethod>(kNumberToTextSlot)(interface_pointer(), value, a,
-                                                                     b, c, &result, &status);
+  const HRESULT call = method<NumberToTextMethod>(calculator, kNumberToTextSlot)(
+      calculator, value, a, b, c, &result, &status);
   text = take_text(result);
   return SUCCEEDED(call);
 }

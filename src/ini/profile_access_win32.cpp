@@ -1,8 +1,8 @@
-#include "platform/profile.h"
+#include "ini/profile_access.h"
 
 #include <windows.h>
 
-namespace qnutil::platform {
+namespace qnutil::ini {
 
 std::uint32_t read_profile_string(const char* section, const char* key, const char* fallback,
                                   char* buffer, std::uint32_t size, const char* file) {
@@ -19,4 +19,4 @@ bool write_profile_string(const char* section, const char* key, const char* valu
 
 void flush_profile_cache(const char* file) { WritePrivateProfileStringA(nullptr, nullptr, nullptr, file); }
 
-}  // namespace qnutil::platform
+}  // namespace qnutil::ini

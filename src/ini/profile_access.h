@@ -1,10 +1,11 @@
-// The private-profile (INI file) functions: the system's own on Windows,
-// the library's engine with the same results elsewhere.
+// The private-profile (INI file) functions every INI user of the library
+// calls: the system's own on Windows (profile_access_win32.cpp), the
+// library's engine with the same results elsewhere (profile_access.cpp).
 #pragma once
 
 #include <cstdint>
 
-namespace qnutil::platform {
+namespace qnutil::ini {
 
 // Reads one value into `buffer` (`size` bytes with the terminator). A
 // missing key, section or file gives `fallback` (trailing spaces removed);
@@ -26,4 +27,4 @@ bool write_profile_string(const char* section, const char* key, const char* valu
 // Drops any cached copy of `file`, so that the next call reads the disk.
 void flush_profile_cache(const char* file);
 
-}  // namespace qnutil::platform
+}  // namespace qnutil::ini

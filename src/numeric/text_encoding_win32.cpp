@@ -1,10 +1,10 @@
-#include "platform/text_encoding.h"
+#include "numeric/text_encoding.h"
 
 #include <windows.h>
 
 #include <climits>
 
-namespace qnutil::platform {
+namespace qnutil::numeric {
 namespace {
 
 // Converted with the terminator, as zero-terminated texts always were:
@@ -40,4 +40,4 @@ std::string utf16_to_utf8(std::u16string_view utf16) {
   return utf8;
 }
 
-}  // namespace qnutil::platform
+}  // namespace qnutil::numeric
