@@ -23,24 +23,24 @@ void fresh_copy(CQnBitmap*& slot, const CQnBitmap& image) {
 }  // namespace
 
 void CQnBitmap::ReleaseEffectState() {
-  std::free(byte_map_);
-  std::free(word_map_a_);
-  std::free(word_map_b_);
+  std::free(ramp_byte_map_);
+  std::free(double_map_front_);
+  std::free(double_map_back_);
   std::free(noise_table_);
-  delete working_copy_a_;
-  delete working_copy_b_;
-  delete working_copy_c_;
-  byte_map_ = nullptr;
-  word_map_a_ = word_map_b_ = nullptr;
+  delete ramp_source_;
+  delete double_map_source_;
+  delete noise_source_;
+  ramp_byte_map_ = nullptr;
+  double_map_front_ = double_map_back_ = nullptr;
   noise_table_ = nullptr;
-  working_copy_a_ = working_copy_b_ = working_copy_c_ = nullptr;
+  ramp_source_ = double_map_source_ = noise_source_ = nullptr;
 }
 
 void CQnBitmap::InitColourRamp() {
   if (!InWorkingFormat()) return;
-  std::free(byte_map_);
-  byte_map_ = zeroed_map<uint8_t>(*this);
-  fresh_copy(working_copy_a_, *this);
+  std::free(ramp_byte_map_);
+  ramp_byte_map_ = zeroed_map<uint8_t>(*this);
+  fresh_copy(ramp_source_, *this);
   // Entry n: hue n / 3, full saturation, intensity 2n (up to 255).
   for (uint32_t n = 0; n < kColourRampEntries; ++n) {
     const uint32_t intensity = n * 2 < 255 ? n * 2 : 255;
@@ -56,7 +56,7 @@ void CQnBitmap::InitNoiseTable() {
   if (!InWorkingFormat()) return;
   std::free(noise_table_);
   noise_table_ = static_cast<float*>(std::malloc(sizeof(float) * kNoiseTableValues));
-  fresh_copy(working_copy_c_, *this);
+  fresh_copy(noise_source_, *this);
   if (!noise_table_) return;
   // Seeded from the millisecond clock like the tick count it has always
   // used: every set-up gives a different pattern. Values are rand / 32768
@@ -70,9 +70,9 @@ void CQnBitmap::InitNoiseTable() {
 
 void CQnBitmap::InitDoubleMap() {
   if (!InWorkingFormat()) return;
-  std::free(word_map_a_);
-  std::free(word_map_b_);
-  word_map_a_ = zeroed_map<uint32_t>(*this);
-  word_map_b_ = zeroed_map<uint32_t>(*this);
-  fresh_copy(working_copy_b_, *this);
+  std::free(double_map_front_);
+  std::free(double_map_back_);
+  double_map_front_ = zeroed_map<uint32_t>(*this);
+  double_map_back_ = zeroed_map<uint32_t>(*this);
+  fresh_copy(double_map_source_, *this);
 }

@@ -63,14 +63,6 @@ uint32_t CQnBitmap::PixelAt(int x, int bufferRow) const {
   return word;
 }
 
-const CQnBitmap* CQnBitmap::WorkingCopy(int index) const {
-  switch (index) {
-    case 0: return working_copy_a_;
-    case 1: return working_copy_b_;
-    default: return working_copy_c_;
-  }
-}
-
 int CQnBitmap::Create(int width, int height) {
   QnBmpInfoHeader& info = headers_.info;
   info.biCompression = info.biSizeImage = 0;

@@ -139,11 +139,16 @@ class CQnBitmap {
   void SetInterpolationMode(int mode) { interpolation_mode_ = mode; }
   int ColourSpace() const { return colour_space_; }  // 0 RGB, 1 packed HSI
   const uint8_t* ColourRamp() const { return colour_ramp_; }  // blue, green, red, 0
-  const uint8_t* ByteMap() const { return byte_map_; }
-  const uint32_t* WordMap(int index) const { return index == 0 ? word_map_a_ : word_map_b_; }
+  // The state of the animated effects (the host's; the library sets it up
+  // and keeps it), each with the image as it was when set up.
+  const uint8_t* RampByteMap() const { return ramp_byte_map_; }
+  const CQnBitmap* RampSource() const { return ramp_source_; }
+  const uint32_t* DoubleMapFront() const { return double_map_front_; }
+  const uint32_t* DoubleMapBack() const { return double_map_back_; }
+  const CQnBitmap* DoubleMapSource() const { return double_map_source_; }
   const float* NoiseTable() const { return noise_table_; }
-  const CQnBitmap* WorkingCopy(int index) const;
-  int EffectParameter(int index) const { return index == 0 ? effect_parameter_a_ : effect_parameter_b_; }
+  const CQnBitmap* NoiseSource() const { return noise_source_; }
+  const int* AnimationParameters() const { return animation_parameters_; }
 
  private:
   // The info header must start 4-byte aligned for GDI; the two bytes in
@@ -184,14 +189,15 @@ class CQnBitmap {
   int colour_space_ = 0;
   uint8_t colour_ramp_[kColourRampEntries * 4] = {};
 
-  // Effect state, made by the Init* operations.
-  uint8_t* byte_map_ = nullptr;               // width × height bytes
-  CQnBitmap* working_copy_a_ = nullptr;       // made by InitColourRamp
-  uint32_t* word_map_a_ = nullptr;            // width × height words
-  uint32_t* word_map_b_ = nullptr;
-  int effect_parameter_a_ = 5;
-  int effect_parameter_b_ = 3;
-  CQnBitmap* working_copy_b_ = nullptr;       // made by InitDoubleMap
-  float* noise_table_ = nullptr;              // kNoiseTableValues floats
-  CQnBitmap* working_copy_c_ = nullptr;       // made by InitNoiseTable
+  // Effect state, in the order the original object holds it.
+  uint8_t* ramp_byte_map_ = nullptr;          // InitColourRamp: width × height bytes
+  CQnBitmap* ramp_source_ = nullptr;          // InitColourRamp
+  uint32_t* double_map_front_ = nullptr;      // InitDoubleMap: width × height words each
+  uint32_t* double_map_back_ = nullptr;
+  // Two numbers the animated effects take, 5 and 3 from the start; the
+  // library runs none of those effects and only keeps them.
+  int animation_parameters_[2] = {5, 3};
+  CQnBitmap* double_map_source_ = nullptr;    // InitDoubleMap
+  float* noise_table_ = nullptr;              // InitNoiseTable: kNoiseTableValues floats
+  CQnBitmap* noise_source_ = nullptr;         // InitNoiseTable
 };

@@ -151,11 +151,11 @@ TEST(Hsi, ImageConversionFollowsTheColourSpaceFlag) {
 TEST(EffectState, SetUpOperationsMakeTheirState) {
   CQnBitmap image;
   set_words(image, 3, 2, pattern_words(6, 1));
-  EXPECT_EQ(std::pair(image.EffectParameter(0), image.EffectParameter(1)), std::pair(5, 3));
+  EXPECT_EQ(std::pair(image.AnimationParameters()[0], image.AnimationParameters()[1]), std::pair(5, 3));
   image.InitColourRamp();
-  ASSERT_TRUE(image.ByteMap() && image.WorkingCopy(0));
-  EXPECT_EQ(std::count(image.ByteMap(), image.ByteMap() + 6, 0), 6);
-  EXPECT_EQ(words_of(*image.WorkingCopy(0)), words_of(image));
+  ASSERT_TRUE(image.RampByteMap() && image.RampSource());
+  EXPECT_EQ(std::count(image.RampByteMap(), image.RampByteMap() + 6, 0), 6);
+  EXPECT_EQ(words_of(*image.RampSource()), words_of(image));
   const std::pair<int, uint32_t> ramp[] = {{0, 0x000000}, {1, 0x050000}, {50, 0xD85300}, {100, 0xFFDE7A},
                                            {128, 0xFFFFFE}, {200, 0xFEFFFE}, {255, 0xFEFFFE}};
   for (const auto& [n, rgb] : ramp) {
@@ -163,11 +163,11 @@ TEST(EffectState, SetUpOperationsMakeTheirState) {
     EXPECT_EQ(uint32_t(entry[0] | entry[1] << 8 | entry[2] << 16 | entry[3] << 24), rgb) << n;
   }
   image.InitDoubleMap();
-  ASSERT_TRUE(image.WordMap(0) && image.WordMap(1) && image.WorkingCopy(1));
-  EXPECT_EQ(std::count(image.WordMap(1), image.WordMap(1) + 6, 0u), 6);
+  ASSERT_TRUE(image.DoubleMapFront() && image.DoubleMapBack() && image.DoubleMapSource());
+  EXPECT_EQ(std::count(image.DoubleMapBack(), image.DoubleMapBack() + 6, 0u), 6);
   image.InitNoiseTable();
   const float* noise = image.NoiseTable();
-  ASSERT_TRUE(noise && image.WorkingCopy(2));
+  ASSERT_TRUE(noise && image.NoiseSource());
   EXPECT_TRUE(std::all_of(noise, noise + CQnBitmap::kNoiseTableValues, [](float v) { return v >= 0 && v < 1; }));
   EXPECT_NE(std::count(noise, noise + 1000, noise[0]), 1000);
   image.InitNoiseTable();  // again: replaced, not leaked (checked under the sanitizers)
