@@ -11,7 +11,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "dib_canvas.h"
+#include "support/dib_canvas_win32.h"
 #include "qnutil/qnutil_win32.h"
 
 namespace qnutil_test {
@@ -25,16 +25,10 @@ class GdiPlusTest : public ::testing::Test {
     fill(0x00FFFFFF);
   }
 
-  HDC dc() const { return canvas_.dc; }
-  void fill(std::uint32_t rgb) {
-    GdiFlush();
-    std::fill_n(canvas_.pixels, kSize * kSize, rgb);
-  }
+  HDC dc() const { return canvas_.dc(); }
+  void fill(std::uint32_t rgb) { canvas_.fill(rgb); }
   // 0x00RRGGBB of the DC pixel.
-  std::uint32_t at(int x, int y) const {
-    GdiFlush();
-    return canvas_.pixels[y * kSize + x] & 0xFFFFFF;
-  }
+  std::uint32_t at(int x, int y) const { return canvas_.at(x, y); }
   bool dark(int x, int y) const {
     const std::uint32_t p = at(x, y);
     return ((p >> 16) & 255) + ((p >> 8) & 255) + (p & 255) < 3 * 128;
@@ -58,7 +52,7 @@ class GdiPlusTest : public ::testing::Test {
   }
 
  private:
-  DibCanvas canvas_{kSize, kSize};
+  qnutil_test::DibCanvas canvas_{kSize, kSize};
 };
 
 inline bool near_colour(std::uint32_t a, std::uint32_t b, int tolerance) {

@@ -7,7 +7,7 @@
 
 #include "qnutil/qnutil.h"
 #include "support/test_support.h"
-#include "system_test_support.h"
+#include "support/own_path.h"
 
 #ifdef _WIN32
 #include "calc_fixture_state.h"
@@ -56,7 +56,7 @@ TEST(CalculatorMissing, EveryCallShowsTheNoticeAndDoesNothing) {
 class CalculatorConnected : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    const std::string dll = system_test::sibling("qnutil_calc_fixture.dll");
+    const std::string dll = qnutil_test::sibling("qnutil_calc_fixture.dll");
     ASSERT_TRUE(register_calculator(dll));
     const HMODULE module = LoadLibraryA(dll.c_str());
     ASSERT_NE(module, nullptr);

@@ -5,13 +5,13 @@
 #include <cstdint>
 #include <vector>
 
-#include "gdi_test_support.h"
+#include "support/dib_canvas_win32.h"
 #include "qnutil/gdi_win32.h"
 #include "qnutil/qnutil_win32.h"
 
-using gdi_test::device_bitmap;
-using gdi_test::DibCanvas;
-using gdi_test::Pixels;
+using qnutil_test::device_bitmap;
+using qnutil_test::DibCanvas;
+using qnutil_test::Pixels;
 
 namespace {
 
@@ -27,7 +27,7 @@ bmpExHandle new_image() {
 
 // The picture of a bitmap as top-down 0x00RRGGBB words, through GetDIBits.
 Pixels pixels_of(HBITMAP bitmap, int width, int height) {
-  BITMAPINFO info = gdi_test::top_down_info(width, height);
+  BITMAPINFO info = qnutil_test::top_down_info(width, height);
   Pixels pixels(static_cast<size_t>(width * height));
   const HDC screen = GetDC(nullptr);
   GetDIBits(screen, bitmap, 0, static_cast<UINT>(height), pixels.data(), &info, DIB_RGB_COLORS);

@@ -5,13 +5,13 @@
 #include <optional>
 #include <vector>
 
-#include "gdi_test_support.h"
+#include "support/dib_canvas_win32.h"
 #include "qnutil/gdi_win32.h"
 #include "qnutil/qnutil_win32.h"
 
-using gdi_test::DibCanvas;
-using gdi_test::Pixels;
-using gdi_test::word_of;
+using qnutil_test::DibCanvas;
+using qnutil_test::Pixels;
+using qnutil_test::word_of;
 
 namespace {
 
@@ -73,7 +73,7 @@ TEST_P(RegionFromBitmap, CoversExactlyTheNonKeyPixels) {
     for (int x = 0; x < c.width; ++x) pixels.push_back(c.pixel(x, y));
   DibCanvas canvas(c.width, c.height);
   canvas.set_all(pixels);
-  const HBITMAP bitmap = c.device ? gdi_test::device_bitmap(c.width, c.height, pixels) : canvas.release_bitmap();
+  const HBITMAP bitmap = c.device ? qnutil_test::device_bitmap(c.width, c.height, pixels) : canvas.release_bitmap();
   const HRGN region = QnUtil_CreateRegionFromBitmap(bitmap, kKey);
   if (c.device) DeleteObject(bitmap);
   ASSERT_NE(region, nullptr);

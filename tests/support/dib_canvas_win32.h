@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace gdi_test {
+namespace qnutil_test {
 
 using Pixels = std::vector<std::uint32_t>;  // top-down rows
 
@@ -24,13 +24,13 @@ inline BITMAPINFO top_down_info(int width, int height) {
 
 class DibCanvas {
  public:
-  DibCanvas(int width, int height, std::uint32_t fill = 0) : width_(width), height_(height) {
+  DibCanvas(int width, int height, std::uint32_t fill_word = 0) : width_(width), height_(height) {
     const BITMAPINFO info = top_down_info(width, height);
     dc_ = CreateCompatibleDC(nullptr);
     bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits_),
                                nullptr, 0);
     old_ = SelectObject(dc_, bitmap_);
-    for (int i = 0; i < width * height; ++i) bits_[i] = fill;
+    fill(fill_word);
   }
   ~DibCanvas() {
     SelectObject(dc_, old_);
@@ -53,6 +53,10 @@ class DibCanvas {
     return bits_[y * width_ + x] & 0x00FFFFFFu;
   }
   void set(int x, int y, std::uint32_t word) { bits_[y * width_ + x] = word; }
+  void fill(std::uint32_t word) {
+    GdiFlush();
+    for (int i = 0; i < width_ * height_; ++i) bits_[i] = word;
+  }
   void set_all(const Pixels& pixels) {
     for (int i = 0; i < width_ * height_; ++i) bits_[i] = pixels[static_cast<size_t>(i)];
   }
@@ -87,4 +91,4 @@ inline std::uint32_t word_of(COLORREF colour) {
   return (GetRValue(colour) << 16) | (GetGValue(colour) << 8) | GetBValue(colour);
 }
 
-}  // namespace gdi_test
+}  // namespace qnutil_test

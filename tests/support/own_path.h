@@ -1,4 +1,4 @@
-// Where the system tests' helper programs live: next to the test program.
+// Where a test program's helper programs and fixtures live: next to it.
 #pragma once
 
 #include <filesystem>
@@ -8,7 +8,7 @@
 #include <windows.h>
 #endif
 
-namespace system_test {
+namespace qnutil_test {
 
 inline std::filesystem::path own_path() {
 #ifdef _WIN32
@@ -23,4 +23,4 @@ inline std::filesystem::path own_path() {
 // `file` in the test program's folder.
 inline std::string sibling(const char* file) { return (own_path().parent_path() / file).string(); }
 
-}  // namespace system_test
+}  // namespace qnutil_test

@@ -14,7 +14,7 @@
 #include <string>
 
 #include "qnutil/qnutil.h"
-#include "system_test_support.h"
+#include "support/own_path.h"
 
 namespace {
 
@@ -59,7 +59,7 @@ TEST(LegacyWindows, ProgramDataFolderFollowsTheVersion) {
 }
 
 std::string app_defaults_key() {
-  return "Software\\Wine\\AppDefaults\\" + system_test::own_path().filename().string();
+  return "Software\\Wine\\AppDefaults\\" + qnutil_test::own_path().filename().string();
 }
 
 bool configure_version(const char* wine_name) {
@@ -68,7 +68,7 @@ bool configure_version(const char* wine_name) {
 }
 
 int run_child(const Version& version) {
-  const std::string path = system_test::own_path().string();
+  const std::string path = qnutil_test::own_path().string();
   const std::string quoted = "\"" + path + "\"";
   return static_cast<int>(
       _spawnl(_P_WAIT, path.c_str(), quoted.c_str(), kChildFlag, version.wine_name, nullptr));

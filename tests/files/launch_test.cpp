@@ -6,7 +6,7 @@
 
 #include "qnutil/qnutil.h"
 #include "support/test_support.h"
-#include "system_test_support.h"
+#include "support/own_path.h"
 
 using qnutil_test::ScratchDir;
 using Clock = std::chrono::steady_clock;
@@ -27,9 +27,9 @@ struct Launcher {
 
 int launch_sleeper(const Launcher& launcher, const std::string& arguments) {
 #ifdef _WIN32
-  const std::string sleeper = system_test::sibling("qnutil_sleeper.exe");
+  const std::string sleeper = qnutil_test::sibling("qnutil_sleeper.exe");
 #else
-  const std::string sleeper = system_test::sibling("qnutil_sleeper");
+  const std::string sleeper = qnutil_test::sibling("qnutil_sleeper");
 #endif
   return launcher.launch(sleeper.c_str(), arguments.c_str());
 }
