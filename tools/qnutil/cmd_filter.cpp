@@ -5,12 +5,16 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 #include "qnutil/qnutil_win32.h"
+#include "bmp_output.h"
+#include "failure.h"
 #include "registry.h"
 
 namespace qnutil_tool {
@@ -32,87 +36,45 @@ const Command kFilter{"filter", "show or run an image filter plug-in (.8bf; Wind
 // Pixels as the plug-in host takes them: rows top-down, blue, green, red,
 // alpha.
 struct Picture {
-  int32_t width = 0;
-  int32_t height = 0;
-  int bitsPerPixel = 32;
+  int width = 0;
+  int height = 0;
   std::vector<uint8_t> pixels;
 };
 
-uint32_t u32(const std::vector<uint8_t>& bytes, size_t at) {
-  return uint32_t(bytes[at]) | uint32_t(bytes[at + 1]) << 8 | uint32_t(bytes[at + 2]) << 16 |
-         uint32_t(bytes[at + 3]) << 24;
-}
-
-void put16(std::vector<uint8_t>& out, uint32_t value) {
-  out.push_back(uint8_t(value));
-  out.push_back(uint8_t(value >> 8));
-}
-void put32(std::vector<uint8_t>& out, uint32_t value) {
-  put16(out, value & 0xFFFF);
-  put16(out, value >> 16);
-}
-
+// Reads any BMP file the library's raster engine reads; its pixels come
+// out as the top-down 32-bit device bitmap the engine makes of them.
 bool read_bmp(const char* path, Picture& picture, std::string& error) {
-  std::ifstream in(path, std::ios::binary);
-  const std::vector<uint8_t> bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  if (!in) {
-    error = "cannot read the file";
+  error = read_problem(path);
+  if (!error.empty()) return false;
+  bmpExHandle image = nullptr;
+  HBITMAP bitmap = nullptr;
+  if (!bmpExInit(&image) || !bmpExLoad(image, path) || !bmpExSave(image, &bitmap) || !bitmap) {
+    error = "the raster engine reads no pixels from it (qnutil bmp info says why)";
     return false;
   }
-  if (bytes.size() < 54 || bytes[0] != 'B' || bytes[1] != 'M') {
-    error = "not a BMP file";
+  bmpExGetSize(image, &picture.width, &picture.height);
+  picture.pixels.assign(std::size_t(picture.width) * picture.height * 4, 0);
+  BITMAPINFO info{};
+  info.bmiHeader = {sizeof info.bmiHeader, picture.width, -picture.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  const HDC screen = GetDC(nullptr);
+  const int rows = GetDIBits(screen, bitmap, 0, UINT(picture.height), picture.pixels.data(), &info, DIB_RGB_COLORS);
+  ReleaseDC(nullptr, screen);
+  DeleteObject(bitmap);
+  if (rows != picture.height) {
+    error = "its pixels could not be read";
     return false;
   }
-  const uint32_t offset = u32(bytes, 10);
-  const auto width = int32_t(u32(bytes, 18));
-  const auto rawHeight = int32_t(u32(bytes, 22));
-  const int bits = bytes[28] | bytes[29] << 8;
-  const uint32_t compression = u32(bytes, 30);
-  if ((bits != 24 && bits != 32) || compression != 0 || width <= 0 || width > 32767 || rawHeight == 0 ||
-      rawHeight < -32767 || rawHeight > 32767) {
-    error = "only uncompressed 24- and 32-bit BMP files up to 32767 pixels a side are supported";
-    return false;
-  }
-  const int32_t height = rawHeight < 0 ? -rawHeight : rawHeight;
-  const size_t stride = (size_t(width) * bits / 8 + 3) & ~size_t(3);
-  if (offset > bytes.size() || (bytes.size() - offset) / stride < size_t(height)) {
-    error = "the file is shorter than its pixels";
-    return false;
-  }
-  picture = Picture{width, height, bits, std::vector<uint8_t>(size_t(width) * height * 4)};
-  for (int32_t y = 0; y < height; ++y) {
-    const int32_t fileRow = rawHeight < 0 ? y : height - 1 - y;
-    const uint8_t* from = bytes.data() + offset + fileRow * stride;
-    uint8_t* to = picture.pixels.data() + size_t(y) * width * 4;
-    for (int32_t x = 0; x < width; ++x, from += bits / 8, to += 4) {
-      std::memcpy(to, from, 3);
-      to[3] = bits == 32 ? from[3] : 0xFF;
-    }
-  }
+  for (std::size_t i = 3; i < picture.pixels.size(); i += 4) picture.pixels[i] = 0xFF;  // opaque
   return true;
 }
 
 bool write_bmp(const char* path, const Picture& picture) {
-  const int bytesPerPixel = picture.bitsPerPixel / 8;
-  const size_t stride = (size_t(picture.width) * bytesPerPixel + 3) & ~size_t(3);
-  std::vector<uint8_t> out{'B', 'M'};
-  put32(out, uint32_t(54 + stride * picture.height));
-  put32(out, 0);
-  put32(out, 54);
-  put32(out, 40);
-  put32(out, uint32_t(picture.width));
-  put32(out, uint32_t(picture.height));  // bottom-up
-  put16(out, 1);
-  put16(out, uint32_t(picture.bitsPerPixel));
-  for (int i = 0; i < 6; ++i) put32(out, 0);
-  for (int32_t y = picture.height - 1; y >= 0; --y) {
-    const uint8_t* from = picture.pixels.data() + size_t(y) * picture.width * 4;
-    for (int32_t x = 0; x < picture.width; ++x, from += 4) out.insert(out.end(), from, from + bytesPerPixel);
-    out.resize(out.size() + stride - size_t(picture.width) * bytesPerPixel, 0);
+  std::vector<uint32_t> words(std::size_t(picture.width) * picture.height);
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const uint8_t* bgra = &picture.pixels[4 * i];
+    words[i] = uint32_t(bgra[2]) << 16 | uint32_t(bgra[1]) << 8 | bgra[0];
   }
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file.write(reinterpret_cast<const char*>(out.data()), std::streamsize(out.size()));
-  return bool(file);
+  return save_bmp(path, picture.width, picture.height, words);
 }
 
 constexpr int kBarWidth = 40;
@@ -168,10 +130,7 @@ bool apply_once(PSFilter_* filter, Picture& picture, bool repeatLast) {
 int apply(const char* path, const char* input, const char* output, bool repeat) {
   Picture picture;
   std::string error;
-  if (!read_bmp(input, picture, error)) {
-    std::fprintf(stderr, "qnutil filter: %s: %s\n", input, error.c_str());
-    return 1;
-  }
+  if (!read_bmp(input, picture, error)) return fail("filter", input, error);
   PSFilter_* filter = load(path, nullptr, nullptr);
   if (!filter) return 1;
   bool ok = apply_once(filter, picture, false);
@@ -183,10 +142,7 @@ int apply(const char* path, const char* input, const char* output, bool repeat) 
   }
   AVFreeGotPSFilter(&filter);
   if (!ok) return 1;
-  if (!write_bmp(output, picture)) {
-    std::fprintf(stderr, "qnutil filter: cannot write %s\n", output);
-    return 1;
-  }
+  if (!write_bmp(output, picture)) return fail("filter", output, write_problem(output));
   return 0;
 }
 

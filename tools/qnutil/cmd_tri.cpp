@@ -13,6 +13,7 @@
 #include "qnutil/qnutil.h"
 #include "json_output.h"
 #include "progress.h"
+#include "bmp_output.h"
 #include "registry.h"
 
 namespace qnutil_tool {
@@ -102,59 +103,36 @@ bool write_svg(const std::string& path, const Triangulation& t) {
   return static_cast<bool>(out);
 }
 
-// A 24-bit bottom-up BMP with the triangle edges and the boundary drawn.
+// White pixels with the triangle edges and the boundary drawn: 0x00RRGGBB
+// words, rows top-down.
 class Canvas {
  public:
-  Canvas(int width, int height) : width_(width), height_(height), pixels_(3u * width * height, 255) {}
+  Canvas(int width, int height) : width_(width), height_(height), words_(std::size_t(width) * height, 0xFFFFFF) {}
 
-  void line(double x0, double y0, double x1, double y1, const std::uint8_t (&bgr)[3]) {
+  void line(double x0, double y0, double x1, double y1, std::uint32_t rgb) {
     const int steps = static_cast<int>(std::min(4096.0, std::ceil(std::max(std::fabs(x1 - x0), std::fabs(y1 - y0))))) + 1;
     for (int i = 0; i <= steps; ++i) {
       const double t = static_cast<double>(i) / steps;
-      plot(x0 + t * (x1 - x0), y0 + t * (y1 - y0), bgr);
+      plot(x0 + t * (x1 - x0), y0 + t * (y1 - y0), rgb);
     }
   }
 
-  bool save(const std::string& path) const {
-    const std::uint32_t row = (3u * width_ + 3u) & ~3u;
-    const std::uint32_t image = row * height_;
-    std::uint8_t header[54] = {'B', 'M'};
-    auto put32 = [&header](int at, std::uint32_t value) {
-      for (int i = 0; i < 4; ++i) header[at + i] = static_cast<std::uint8_t>(value >> (8 * i));
-    };
-    put32(2, 54 + image);
-    put32(10, 54);
-    put32(14, 40);
-    put32(18, static_cast<std::uint32_t>(width_));
-    put32(22, static_cast<std::uint32_t>(height_));
-    header[26] = 1;   // planes
-    header[28] = 24;  // bits per pixel
-    put32(34, image);
-    std::ofstream out(path, std::ios::binary);
-    out.write(reinterpret_cast<const char*>(header), sizeof header);
-    const std::vector<char> padding(row - 3u * width_, 0);
-    for (int y = height_ - 1; y >= 0; --y) {
-      out.write(reinterpret_cast<const char*>(&pixels_[3u * width_ * y]), 3 * width_);
-      out.write(padding.data(), static_cast<std::streamsize>(padding.size()));
-    }
-    return static_cast<bool>(out);
-  }
+  bool save(const std::string& path) const { return save_bmp(path, width_, height_, words_); }
 
  private:
-  void plot(double x, double y, const std::uint8_t (&bgr)[3]) {
+  void plot(double x, double y, std::uint32_t rgb) {
     if (!(x >= 0 && y >= 0 && x < width_ && y < height_)) return;
-    std::uint8_t* pixel = &pixels_[3u * (static_cast<unsigned>(y) * width_ + static_cast<unsigned>(x))];
-    std::copy(bgr, bgr + 3, pixel);
+    words_[static_cast<std::size_t>(y) * width_ + static_cast<std::size_t>(x)] = rgb;
   }
 
   int width_, height_;
-  std::vector<std::uint8_t> pixels_;  // top row first
+  std::vector<std::uint32_t> words_;
 };
 
 bool write_bmp(const std::string& path, const Triangulation& t) {
   const View view(t, 800);
   Canvas canvas(view.width, view.height);
-  const std::uint8_t edge[3] = {140, 90, 58}, boundary[3] = {32, 32, 192};
+  const std::uint32_t edge = 0x3A5A8C, boundary = 0xC02020;
   for (std::size_t i = 0; i + 2 < t.corners.size(); i += 3)
     for (int k = 0; k < 3; ++k) {
       const Vertex& a = t.corners[i + k];
