@@ -6,10 +6,9 @@
 // (5, 1), with source rectangle (top 1, left 2, bottom 3, right 6) goes to
 // row 3, column 2. The rest of the drawing is 0x11. Start fails with
 // -(3000 + n) when displayPixels answers a case wrongly.
-#include <cstring>
 #include <vector>
 
-#include "gdiplus/dib_canvas.h"
+#include "support/dib_canvas_win32.h"
 #include "plugin_support.h"
 
 namespace {
@@ -47,12 +46,12 @@ std::int16_t draw(FilterRecord& record, Canvas& canvas) {
   const VRect rgbRect{2, 1, 4, 4};
   const VRect greyRect{1, 2, 3, 6};
   const bool checks[] = {
-      record.displayPixels(&rgbMap, &rgbRect, 0, 0, canvas.dc) == noErr,
-      record.displayPixels(&greyMap, &greyRect, 3, 2, canvas.dc) == noErr,
-      record.displayPixels(&labMap, &rgbRect, 0, 5, canvas.dc) == noErr,  // nothing drawn
+      record.displayPixels(&rgbMap, &rgbRect, 0, 0, canvas.dc()) == noErr,
+      record.displayPixels(&greyMap, &greyRect, 3, 2, canvas.dc()) == noErr,
+      record.displayPixels(&labMap, &rgbRect, 0, 5, canvas.dc()) == noErr,  // nothing drawn
       record.displayPixels(&rgbMap, &rgbRect, 0, 0, nullptr) == filterBadParameters,
-      record.displayPixels(&noRows, &rgbRect, 0, 0, canvas.dc) == filterBadParameters,
-      record.displayPixels(&noBase, &rgbRect, 0, 0, canvas.dc) == filterBadParameters,
+      record.displayPixels(&noRows, &rgbRect, 0, 0, canvas.dc()) == filterBadParameters,
+      record.displayPixels(&noBase, &rgbRect, 0, 0, canvas.dc()) == filterBadParameters,
   };
   GdiFlush();
   return plugin::first_failed(checks, 3000);
@@ -64,8 +63,7 @@ QNUTIL_PLUGIN_ENTRY {
   if (selector != filterSelectorStart) return;
   const int width = record->imageSize.h;
   const int height = record->imageSize.v;
-  Canvas canvas(width, height);
-  std::memset(canvas.pixels, 0x11, std::size_t(width) * height * 4);
+  Canvas canvas(width, height, 0x11111111);
   if ((*result = draw(*record, canvas)) != noErr) return;
 
   record->inRect = Rect{};
@@ -76,7 +74,7 @@ QNUTIL_PLUGIN_ENTRY {
   auto* out = static_cast<std::uint8_t*>(record->outData);
   for (int y = 0; y < height; ++y)
     for (int x = 0; x < width; ++x) {
-      const std::uint32_t pixel = canvas.pixels[y * width + x];  // 0x00RRGGBB
+      const std::uint32_t pixel = canvas.at(x, y);  // 0x00RRGGBB
       std::uint8_t* planes = out + y * record->outRowBytes + x * 3;
       planes[0] = std::uint8_t(pixel >> 16);
       planes[1] = std::uint8_t(pixel >> 8);
