@@ -71,8 +71,8 @@ OSErr advance_state(PSFilter_& filter) {
   std::free(record.inData);
   record.inData = nullptr;
   if (record.outData) {
-    const Tile saved{run.savedOutRect, run.savedOutLoPlane, run.savedOutHiPlane};
-    write_tile(run.destination, run.sourceRowBytes, run, saved, static_cast<std::uint8_t*>(record.outData));
+    const Tile saved{run.saved_out_rect, run.saved_out_lo_plane, run.saved_out_hi_plane};
+    write_tile(run.destination, run.source_row_bytes, run, saved, static_cast<std::uint8_t*>(record.outData));
     std::free(record.outData);
     record.outData = nullptr;
   }
@@ -81,19 +81,19 @@ OSErr advance_state(PSFilter_& filter) {
   const Tile in{record.inRect, record.inLoPlane, record.inHiPlane};
   if (non_empty(in.rect)) {
     if (!in.planes_valid()) return filterBadParameters;
-    record.inData = read_tile(run.source, run.sourceRowBytes, run, in);
+    record.inData = read_tile(run.source, run.source_row_bytes, run, in);
     record.inRowBytes = in.row_bytes();
     if (!record.inData) status = memFullErr;
   }
   const Tile out{record.outRect, record.outLoPlane, record.outHiPlane};
   if (non_empty(out.rect)) {
     if (!out.planes_valid()) return filterBadParameters;
-    record.outData = read_tile(run.destination, run.sourceRowBytes, run, out);
+    record.outData = read_tile(run.destination, run.source_row_bytes, run, out);
     record.outRowBytes = out.row_bytes();
     if (!record.outData) return memFullErr;
-    run.savedOutRect = out.rect;
-    run.savedOutLoPlane = out.lo;
-    run.savedOutHiPlane = out.hi;
+    run.saved_out_rect = out.rect;
+    run.saved_out_lo_plane = out.lo;
+    run.saved_out_hi_plane = out.hi;
   }
   return status;
 }

@@ -85,16 +85,16 @@ extern "C" QNUTIL_API bool QNUTIL_CALL AVFreeGotPSFilterImage(unsigned char** im
 
 extern "C" QNUTIL_API bool QNUTIL_CALL AVPSFilterCanDoLastFilter(PSFilter_* filter, bool* canRepeat) {
   if (!filter || !canRepeat) return false;
-  *canRepeat = filter->lastParameters != nullptr;
+  *canRepeat = filter->last_parameters != nullptr;
   return true;
 }
 
 extern "C" QNUTIL_API bool QNUTIL_CALL AVGetPSFilterEntryName(PSFilter_* filter, char* buffer,
                                                               std::int32_t size) {
-  if (!filter || !buffer || size <= 0 || filter->entryName.size() >= static_cast<std::size_t>(size))
+  if (!filter || !buffer || size <= 0 || filter->entry_name.size() >= static_cast<std::size_t>(size))
     return false;
-  filter->entryName.copy(buffer, filter->entryName.size());
-  buffer[filter->entryName.size()] = '\0';
+  filter->entry_name.copy(buffer, filter->entry_name.size());
+  buffer[filter->entry_name.size()] = '\0';
   return true;
 }
 

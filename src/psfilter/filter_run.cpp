@@ -41,12 +41,12 @@ void set_run_fields(PSFilter_& filter, const ApplyRequest& request, unsigned cha
   drop_tiles(filter.record);
   filter.run = PSFilter_::Run{};
   filter.run.source = request.bits;
-  filter.run.sourceRowBytes = request.rowBytes;
+  filter.run.source_row_bytes = request.rowBytes;
   filter.run.destination = destination;
   filter.run.width = request.width;
   filter.run.height = request.height;
   filter.run.progress = request.progress;
-  filter.run.userValue = request.userValue;
+  filter.run.user_value = request.userValue;
 
   FilterRecord& record = filter.record;
   const Point size{static_cast<std::int16_t>(request.height), static_cast<std::int16_t>(request.width)};
@@ -55,7 +55,7 @@ void set_run_fields(PSFilter_& filter, const ApplyRequest& request, unsigned cha
   record.filterRect = Rect{0, 0, size.v, size.h};
   record.imageHRes = record.imageVRes = kResolution;
   record.floatCoord = record.wholeSize = size;
-  record.parameters = filter.lastParameters;
+  record.parameters = filter.last_parameters;
 }
 
 // Finish follows only a failing continue step, and a continue error does
@@ -82,10 +82,10 @@ std::int32_t run_filter(PSFilter_& filter, const ApplyRequest& request, unsigned
   std::memcpy(result, request.bits, static_cast<std::size_t>(imageBytes));
   *resultImage = result;
 
-  if (!(request.repeatLast && filter.lastParameters)) {
+  if (!(request.repeatLast && filter.last_parameters)) {
     initialise_procs(filter);
     const std::int16_t status = call(filter, filterSelectorParameters);
-    filter.lastParameters = filter.record.parameters;
+    filter.last_parameters = filter.record.parameters;
     if (status < 0) return status;
   }
   initialise_procs(filter);

@@ -24,14 +24,14 @@ Boolean abort_proc() noexcept {
   PSFilter_::Run& run = g_current->run;
   if (!run.progress) return false;
   if (run.cancelled) return true;
-  return !run.progress(run.lastFraction, run.userValue);
+  return !run.progress(run.last_fraction, run.user_value);
 }
 
 void progress_proc(std::int32_t done, std::int32_t total) noexcept {
   if (!g_current) return;
   PSFilter_::Run& run = g_current->run;
-  run.lastFraction = static_cast<float>(done) / static_cast<float>(total);
-  if (run.progress && !run.progress(run.lastFraction, run.userValue)) run.cancelled = true;
+  run.last_fraction = static_cast<float>(done) / static_cast<float>(total);
+  if (run.progress && !run.progress(run.last_fraction, run.user_value)) run.cancelled = true;
 }
 
 OSErr advance_state_proc() noexcept { return g_current ? advance_state(*g_current) : -1; }
@@ -67,10 +67,10 @@ HWND host_main_window() {
 void set_current_filter(PSFilter_* filter) { g_current = filter; }
 
 void initialise_procs(PSFilter_& filter) {
-  if (filter.procsInitialised) return;
-  filter.bufferProcs = make_buffer_procs();
-  filter.handleProcs = make_handle_procs();
-  filter.platformData.hwnd = reinterpret_cast<std::intptr_t>(host_main_window());
+  if (filter.procs_initialised) return;
+  filter.buffer_procs = make_buffer_procs();
+  filter.handle_procs = make_handle_procs();
+  filter.platform_data.hwnd = reinterpret_cast<std::intptr_t>(host_main_window());
 
   FilterRecord& record = filter.record;
   record.serialNumber = 0;
@@ -83,11 +83,11 @@ void initialise_procs(PSFilter_& filter) {
   std::memcpy(&record.hostSig, "APRI", sizeof record.hostSig);
   record.hostProc = host_proc;
   record.imageMode = plugInModeRGBColor;
-  record.platformData = &filter.platformData;
-  record.bufferProcs = &filter.bufferProcs;
+  record.platformData = &filter.platform_data;
+  record.bufferProcs = &filter.buffer_procs;
   record.processEvent = process_event;
   record.displayPixels = display_pixels;
-  record.handleProcs = &filter.handleProcs;
+  record.handleProcs = &filter.handle_procs;
   record.dummyPlaneValue = -1;
   record.advanceState = advance_state_proc;
   record.supportsAbsolute = true;
@@ -99,7 +99,7 @@ void initialise_procs(PSFilter_& filter) {
   record.outTileHeight = record.outTileWidth = kTileSize;
   record.maskTileHeight = record.maskTileWidth = kTileSize;
   record.depth = 8;
-  filter.procsInitialised = true;
+  filter.procs_initialised = true;
 }
 
 }  // namespace qnutil::psfilter

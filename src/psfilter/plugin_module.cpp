@@ -29,7 +29,7 @@ void read_resource(PSFilter_& filter, LPCSTR type, LPSTR name) {
   FARPROC address = GetProcAddress(filter.module, entryName->c_str());
   if (!address) return;
   filter.entry = reinterpret_cast<PluginEntry>(reinterpret_cast<void*>(address));
-  filter.entryName = *entryName;
+  filter.entry_name = *entryName;
   filter.valid = true;
 }
 
@@ -58,6 +58,6 @@ PSFilter_::PSFilter_(const char* path) {
 PSFilter_::~PSFilter_() {
   drop_tiles(record);
   // The kept parameters would outlive every way to use them.
-  if (lastParameters) dispose_handle(lastParameters);
+  if (last_parameters) dispose_handle(last_parameters);
   if (module) FreeLibrary(module);
 }

@@ -23,18 +23,18 @@ struct PSFilter_ {
   // Where the tiles of a run come from and go to.
   struct Run {
     const std::uint8_t* source = nullptr;
-    std::int32_t sourceRowBytes = 0;
+    std::int32_t source_row_bytes = 0;
     std::uint8_t* destination = nullptr;
     std::int32_t width = 0;
     std::int32_t height = 0;
     AVPSFilterProgressProc progress = nullptr;
-    std::int32_t userValue = 0;
-    float lastFraction = 0;
+    std::int32_t user_value = 0;
+    float last_fraction = 0;
     bool cancelled = false;
     // The output tile handed out last, for writing it back.
-    qnutil::psfilter::Rect savedOutRect{};
-    std::int16_t savedOutLoPlane = 0;
-    std::int16_t savedOutHiPlane = 0;
+    qnutil::psfilter::Rect saved_out_rect{};
+    std::int16_t saved_out_lo_plane = 0;
+    std::int16_t saved_out_hi_plane = 0;
   };
 
   // Zero-filled up to the newest documented size of the record.
@@ -43,18 +43,18 @@ struct PSFilter_ {
   HMODULE module = nullptr;
   qnutil::psfilter::PluginEntry entry = nullptr;
   // Name of the exported entry point, as the property list gives it.
-  std::string entryName;
-  bool procsInitialised = false;
+  std::string entry_name;
+  bool procs_initialised = false;
   bool valid = false;
   // Parameters kept from the last parameters step; set means the last
   // filter can be repeated.
-  qnutil::psfilter::Handle lastParameters = nullptr;
+  qnutil::psfilter::Handle last_parameters = nullptr;
   qnutil::psfilter::PiplTexts texts;
   // The plug-in's own data slot, kept between calls. Pointer-sized: 64-bit
   // plug-ins keep pointers in it.
   std::intptr_t data = 0;
   // Blocks the record points to.
-  qnutil::psfilter::PlatformData platformData{};
-  qnutil::psfilter::BufferProcs bufferProcs{};
-  qnutil::psfilter::HandleProcs handleProcs{};
+  qnutil::psfilter::PlatformData platform_data{};
+  qnutil::psfilter::BufferProcs buffer_procs{};
+  qnutil::psfilter::HandleProcs handle_procs{};
 };

@@ -27,17 +27,17 @@ int64_t scale_factor(int source_extent, int destination_extent) {
 }
 
 void draw_nearest(const PictureView& destination, const PictureView& source, const ClippedRects& r, uint32_t a) {
-  const int64_t fx = scale_factor(r.sW, r.dW), fy = scale_factor(r.sH, r.dH);
-  std::vector<int> columns(r.dW);
-  for (int i = 0; i < r.dW; ++i)
+  const int64_t fx = scale_factor(r.source_width, r.dest_width), fy = scale_factor(r.source_height, r.dest_height);
+  std::vector<int> columns(r.dest_width);
+  for (int i = 0; i < r.dest_width; ++i)
     columns[i] = r.corners.sx0 + static_cast<int>((int64_t{i} * 256 * fx) >> 16);
-  for (int j = 0; j < r.dH; ++j) {
+  for (int j = 0; j < r.dest_height; ++j) {
     const uint32_t* from = source.row(r.corners.sy0 + static_cast<int>((int64_t{j} * 256 * fy) >> 16));
     uint32_t* to = destination.row(r.corners.y0 + j) + r.corners.x0;
     if (a == 256) {
-      for (int i = 0; i < r.dW; ++i) to[i] = from[columns[i]] & 0x00FFFFFFu;
+      for (int i = 0; i < r.dest_width; ++i) to[i] = from[columns[i]] & 0x00FFFFFFu;
     } else {
-      for (int i = 0; i < r.dW; ++i) to[i] = mix(from[columns[i]], to[i], a);
+      for (int i = 0; i < r.dest_width; ++i) to[i] = mix(from[columns[i]], to[i], a);
     }
   }
 }
@@ -64,8 +64,8 @@ struct BilinearColumn {
 // destination indices, as images drawn by the host depend on. Where that
 // would step past the source picture the base pixel stands in.
 std::vector<BilinearColumn> bilinear_columns(const PictureView& source, const ClippedRects& r, int64_t fx) {
-  std::vector<BilinearColumn> columns(r.dW);
-  for (int i = 0; i < r.dW; ++i) {
+  std::vector<BilinearColumn> columns(r.dest_width);
+  for (int i = 0; i < r.dest_width; ++i) {
     const int64_t vx = int64_t{i} * 256 * fx;
     const int base = r.corners.sx0 + static_cast<int>(vx >> 16);
     const bool right = i < source.width - 1 && base + 1 < source.width;
@@ -140,9 +140,9 @@ void bilinear_row_sse2(const BilinearRow& row, const std::vector<BilinearColumn>
 #endif
 
 void draw_bilinear(const PictureView& destination, const PictureView& source, const ClippedRects& r, uint32_t a) {
-  const int64_t fx = scale_factor(r.sW, r.dW), fy = scale_factor(r.sH, r.dH);
+  const int64_t fx = scale_factor(r.source_width, r.dest_width), fy = scale_factor(r.source_height, r.dest_height);
   const auto columns = bilinear_columns(source, r, fx);
-  for (int j = 0; j < r.dH; ++j) {
+  for (int j = 0; j < r.dest_height; ++j) {
     const int64_t vy = (int64_t{j} * 256 * fy) >> 8;
     const int base_row = r.corners.sy0 + static_cast<int>(vy >> 8);
     const bool below = j < source.height - 1 && base_row + 1 < source.height;

@@ -25,10 +25,10 @@ ClippedRects clip_rects(PictureSize destination, int x, int y, int width, int he
   ClippedRects r;
   r.corners = clip_corners(destination, x, y, source, source_x, source_y);
   const int64_t W = destination.width, H = destination.height, SW = source.width, SH = source.height;
-  r.dW = static_cast<int>(clamp_to(int64_t{x} + width, 0, W - 1) - r.corners.x0 + 1);
-  r.dH = static_cast<int>(clamp_to(int64_t{y} + height, 0, H - 1) - r.corners.y0 + 1);
-  r.sW = static_cast<int>(clamp_to(int64_t{source_width} + source_x, 0, SW - 1) - r.corners.sx0 + 1);
-  r.sH = static_cast<int>(clamp_to(int64_t{source_y} + source_height, 0, SH - 1) - r.corners.sy0 + 1);
+  r.dest_width = static_cast<int>(clamp_to(int64_t{x} + width, 0, W - 1) - r.corners.x0 + 1);
+  r.dest_height = static_cast<int>(clamp_to(int64_t{y} + height, 0, H - 1) - r.corners.y0 + 1);
+  r.source_width = static_cast<int>(clamp_to(int64_t{source_width} + source_x, 0, SW - 1) - r.corners.sx0 + 1);
+  r.source_height = static_cast<int>(clamp_to(int64_t{source_y} + source_height, 0, SH - 1) - r.corners.sy0 + 1);
   return r;
 }
 

@@ -34,11 +34,13 @@ struct ClippedCorners {
 };
 ClippedCorners clip_corners(PictureSize destination, int x, int y, PictureSize source, int source_x, int source_y);
 
-// DrawBitmap's extents (inclusive): destination dW × dH, source sW × sH.
+// DrawBitmap's extents (inclusive), destination and source.
 struct ClippedRects {
   ClippedCorners corners;
-  int dW, dH, sW, sH;
-  bool empty() const { return dW <= 0 || dH <= 0 || sW <= 0 || sH <= 0; }
+  int dest_width, dest_height, source_width, source_height;
+  bool empty() const {
+    return dest_width <= 0 || dest_height <= 0 || source_width <= 0 || source_height <= 0;
+  }
 };
 ClippedRects clip_rects(PictureSize destination, int x, int y, int width, int height, PictureSize source,
                         int source_x, int source_y, int source_width, int source_height);

@@ -66,16 +66,16 @@ uint32_t to_byte(float value) { return static_cast<uint32_t>(std::clamp(std::lro
 }  // namespace
 
 void draw_smooth(const PictureView& destination, const PictureView& source, const ClippedRects& r, int a) {
-  const auto columns = axis_taps(r.sW, r.dW);
-  const auto rows = axis_taps(r.sH, r.dH);
+  const auto columns = axis_taps(r.source_width, r.dest_width);
+  const auto rows = axis_taps(r.source_height, r.dest_height);
   // Horizontally filtered source rows (3 floats a pixel), made on demand.
-  std::vector<std::vector<float>> filtered(r.sH);
+  std::vector<std::vector<float>> filtered(r.source_height);
   auto filtered_row = [&](int index) -> const std::vector<float>& {
     std::vector<float>& row = filtered[index];
     if (row.empty()) {
-      row.assign(size_t(r.dW) * 3, 0.0f);
+      row.assign(size_t(r.dest_width) * 3, 0.0f);
       const uint32_t* from = source.row(r.corners.sy0 + index) + r.corners.sx0;
-      for (int i = 0; i < r.dW; ++i)
+      for (int i = 0; i < r.dest_width; ++i)
         for (size_t t = 0; t < columns[i].weights.size(); ++t) {
           const uint32_t p = from[columns[i].first + t];
           const float w = columns[i].weights[t];
@@ -84,9 +84,9 @@ void draw_smooth(const PictureView& destination, const PictureView& source, cons
     }
     return row;
   };
-  std::vector<float> sample(size_t(r.dW) * 3);
+  std::vector<float> sample(size_t(r.dest_width) * 3);
   int released = 0;
-  for (int j = 0; j < r.dH; ++j) {
+  for (int j = 0; j < r.dest_height; ++j) {
     const Taps& taps = rows[j];
     for (; released < taps.first; ++released) std::vector<float>().swap(filtered[released]);
     std::fill(sample.begin(), sample.end(), 0.0f);
@@ -95,7 +95,7 @@ void draw_smooth(const PictureView& destination, const PictureView& source, cons
       for (size_t n = 0; n < sample.size(); ++n) sample[n] += taps.weights[t] * row[n];
     }
     uint32_t* to = destination.row(r.corners.y0 + j) + r.corners.x0;
-    for (int i = 0; i < r.dW; ++i) {
+    for (int i = 0; i < r.dest_width; ++i) {
       const uint32_t word = to_byte(sample[3 * i]) | to_byte(sample[3 * i + 1]) << 8 | to_byte(sample[3 * i + 2]) << 16;
       to[i] = mix(word, to[i], static_cast<uint32_t>(a));
     }

@@ -19,7 +19,7 @@ namespace {
 std::string settings_text(int keys, const std::string& tag) {
   std::string text = "[New]\n  first =" + tag + "\n[Walls]\n";
   for (int i = 0; i < keys; ++i) {
-    text += "  key" + std::to_string(i) + " =" + tag + std::to_string(i * 7919) + "\n";
+    text += "  key" + std::to_string(i) + " =" + tag + std::to_string(i * 7919LL) + "\n";
   }
   return text;
 }
