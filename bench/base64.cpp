@@ -45,7 +45,8 @@ const std::string& big_file() {
     const auto file = std::filesystem::temp_directory_path() / "qnutil-bench-base64.bin";
     const auto bytes = random_bytes(256u << 20);
     std::ofstream(file, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+        .write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
     return file.string();
   }();
   return path;
@@ -57,7 +58,8 @@ void BM_JpgToXml256MB(benchmark::State& state) {
   jpgToXML(path.c_str(), nullptr, &length, 1);
   std::vector<unsigned char> buffer(length);
   for (auto _ : state) {
-    if (jpgToXML(path.c_str(), buffer.data(), nullptr, 0) != 1) state.SkipWithError("jpgToXML failed");
+    if (jpgToXML(path.c_str(), buffer.data(), nullptr, 0) != 1)
+      state.SkipWithError("jpgToXML failed");
     benchmark::ClobberMemory();
   }
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * (256 << 20));

@@ -25,7 +25,8 @@ const std::string& settings_file() {
         const std::string n = std::to_string(i);
         text += "  width" + n + " =" + std::to_string(section * 0.25 + i) + "\n";
         text += "  points" + n + " =1,2,3,4.5,6.75,8\n";
-        text += "  label" + n + " =Wall segment " + n + " on storey " + std::to_string(section) + "\n";
+        text +=
+            "  label" + n + " =Wall segment " + n + " on storey " + std::to_string(section) + "\n";
         if (i % 10 == 0)
           text += "  frame" + n + " ={\n    color =red\n    style ={\n      pen =3\n    }\n  }\n";
       }
@@ -57,7 +58,8 @@ void write_file(benchmark::State& state) {
   env_read_file(file.c_str(), env);
   const std::string out = file + ".out";
   for (auto _ : state) env_write_file(out.c_str(), env);
-  state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * std::filesystem::file_size(out)));
+  state.SetBytesProcessed(
+      static_cast<int64_t>(state.iterations() * std::filesystem::file_size(out)));
   env_close(env, 0);
   std::remove(out.c_str());
 }

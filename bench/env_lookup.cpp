@@ -74,7 +74,8 @@ void iterate_by_position(benchmark::State& state) {
   for (auto _ : state) {
     long id = 0;
     int n = 0;
-    for (int kind = env_get_first(env, "S", nullptr, 1, &id, sizeof name, name, 0, nullptr, nullptr);
+    for (int kind =
+             env_get_first(env, "S", nullptr, 1, &id, sizeof name, name, 0, nullptr, nullptr);
          kind == ENV_DATA; kind = env_get_next(sizeof name, name, 0, nullptr, nullptr))
       ++n;
     benchmark::DoNotOptimize(n);

@@ -41,7 +41,8 @@ const std::string& ten_megabytes() {
 
 std::string temporary_file(const std::string& name, const std::string& bytes) {
   const auto path = std::filesystem::temp_directory_path() / name;
-  std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  std::ofstream(path, std::ios::binary)
+      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   return path.string();
 }
 

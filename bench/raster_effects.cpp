@@ -17,7 +17,8 @@ constexpr size_t kPixels = size_t(kSide) * kSide;
 void fill_pattern(CQnBitmap& image, int width, int height) {
   image.Create(width, height);
   auto* words = reinterpret_cast<uint32_t*>(image.Pixels());
-  for (size_t i = 0; i < size_t(width) * height; ++i) words[i] = static_cast<uint32_t>(i * 2654435761u) & 0xFFFFFF;
+  for (size_t i = 0; i < size_t(width) * height; ++i)
+    words[i] = static_cast<uint32_t>(i * 2654435761u) & 0xFFFFFF;
 }
 
 CQnBitmap& image() {
@@ -81,19 +82,36 @@ void BM_DrawBitmap(benchmark::State& state) {
   CQnBitmap& target = image();
   target.SetInterpolationMode(static_cast<int>(state.range(0)));
   const int opacity = static_cast<int>(state.range(1));
-  for (auto _ : state) target.DrawBitmap(0, 0, kSide - 1, kSide - 1, source, 0, 0, kSide / 2 - 1, kSide / 2 - 1, opacity);
+  for (auto _ : state)
+    target.DrawBitmap(0, 0, kSide - 1, kSide - 1, source, 0, 0, kSide / 2 - 1, kSide / 2 - 1,
+                      opacity);
   report_pixels(state, kPixels);
 }
 
 BENCHMARK(BM_Memcpy)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(BM_Effect, Threshold, [](CQnBitmap& b, int) { b.Threshold(128); })->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(BM_Effect, Brightness, [](CQnBitmap& b, int pass) { b.Brightness(pass % 2 ? -1 : 1); })
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Effect, Threshold, [](CQnBitmap& b, int) {
+  b.Threshold(128);
+})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Effect, Brightness, [](CQnBitmap& b, int pass) {
+  b.Brightness(pass % 2 ? -1 : 1);
+})->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_BrightnessScalarBaseline)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(BM_Effect, Contrast, [](CQnBitmap& b, int) { b.Contrast(2); })->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(BM_Effect, Tint, [](CQnBitmap& b, int) { b.Tint(0x406080); })->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(BM_Effect, Blur, [](CQnBitmap& b, int) { b.Blur(); })->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_DrawBitmap)->ArgNames({"mode", "opacity"})->Args({0, 100})->Args({0, 50})->Args({1, 100})->Args({1, 50})
-    ->Args({2, 100})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Effect, Contrast, [](CQnBitmap& b, int) {
+  b.Contrast(2);
+})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Effect, Tint, [](CQnBitmap& b, int) {
+  b.Tint(0x406080);
+})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Effect, Blur, [](CQnBitmap& b, int) {
+  b.Blur();
+})->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_DrawBitmap)
+    ->ArgNames({"mode", "opacity"})
+    ->Args({0, 100})
+    ->Args({0, 50})
+    ->Args({1, 100})
+    ->Args({1, 50})
+    ->Args({2, 100})
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -16,7 +16,8 @@ namespace {
 constexpr int kWidth = 8000, kHeight = 8000;
 constexpr size_t kWorkingBytes = size_t(kWidth) * kHeight * 4;
 
-const std::filesystem::path kDir = std::filesystem::exists("/dev/shm") ? "/dev/shm" : std::filesystem::temp_directory_path();
+const std::filesystem::path kDir =
+    std::filesystem::exists("/dev/shm") ? "/dev/shm" : std::filesystem::temp_directory_path();
 
 // A working-format image with every byte touched (no lazy zero pages).
 const CQnBitmap& source_image() {
@@ -24,7 +25,8 @@ const CQnBitmap& source_image() {
     auto* made = new CQnBitmap;
     made->Create(kWidth, kHeight);
     auto* words = reinterpret_cast<uint32_t*>(made->Pixels());
-    for (size_t i = 0; i < size_t(kWidth) * kHeight; ++i) words[i] = static_cast<uint32_t>(i * 2654435761u) & 0xFFFFFF;
+    for (size_t i = 0; i < size_t(kWidth) * kHeight; ++i)
+      words[i] = static_cast<uint32_t>(i * 2654435761u) & 0xFFFFFF;
     return made;
   }();
   return *image;

@@ -89,6 +89,11 @@ void BM_RandomInCircle(benchmark::State& state) {
 }  // namespace
 
 BENCHMARK(BM_RandomMillionInCircle)->Unit(benchmark::kMillisecond)->Iterations(3);
-BENCHMARK_CAPTURE(BM_Grid, axis_aligned_1000x1000, 0.0)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK_CAPTURE(BM_Grid, axis_aligned_1000x1000, 0.0)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 BENCHMARK_CAPTURE(BM_Grid, rotated_1000x1000, 1.0)->Unit(benchmark::kMillisecond)->Iterations(3);
-BENCHMARK(BM_RandomInCircle)->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RandomInCircle)
+    ->RangeMultiplier(10)
+    ->Range(1000, 100000)
+    ->Unit(benchmark::kMillisecond);

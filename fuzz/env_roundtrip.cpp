@@ -21,9 +21,8 @@ struct Text {
 
 int QNUTIL_CALL next_byte(void* context) {
   auto* text = static_cast<Text*>(context);
-  return text->pos < text->bytes->size()
-             ? static_cast<unsigned char>((*text->bytes)[text->pos++])
-             : -1;
+  return text->pos < text->bytes->size() ? static_cast<unsigned char>((*text->bytes)[text->pos++])
+                                         : -1;
 }
 
 void QNUTIL_CALL append(int ch, void* out) {

@@ -45,7 +45,8 @@ void open_with_header(const std::uint8_t* data, std::size_t size) {
   // The header decides on the first 16 bytes; a short tail is enough.
   std::fwrite(data, 1, size < 64 ? size : 64, file);
   std::fclose(file);
-  if (QnUtilFioFile* fio = fio_open(folder.c_str(), name.c_str(), QNUTIL_FIO_READ | QNUTIL_FIO_HEADER)) {
+  if (QnUtilFioFile* fio =
+          fio_open(folder.c_str(), name.c_str(), QNUTIL_FIO_READ | QNUTIL_FIO_HEADER)) {
     unsigned char byte;
     while (fio_getchar(fio, &byte) == 0) {
     }

@@ -27,7 +27,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     query_profile_string(&text, name.c_str(), nullptr, "d", buffer, sizeof buffer);
     for (std::uint32_t i = section.first_entry; i < section.end_entry; ++i) {
       const std::string key(text.key(text.entries()[i]));
-      query_profile_string(&text, name.c_str(), key.c_str(), "  d  ", buffer, 1 + i % sizeof buffer);
+      query_profile_string(&text, name.c_str(), key.c_str(), "  d  ", buffer,
+                           1 + i % sizeof buffer);
       query_profile_int(&text, name.c_str(), key.c_str(), 7);
     }
   }

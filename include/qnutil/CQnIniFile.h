@@ -12,7 +12,7 @@
 #define QNUTIL_CQNINIFILE_H
 
 #ifdef _MSC_VER
-#  error "MSVC hosts declare the classes with the framework's CString: include mfc_classes_win32.h"
+#error "MSVC hosts declare the classes with the framework's CString: include mfc_classes_win32.h"
 #endif
 
 #include <string>

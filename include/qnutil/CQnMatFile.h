@@ -13,7 +13,7 @@
 #define QNUTIL_CQNMATFILE_H
 
 #ifdef _MSC_VER
-#  error "MSVC hosts declare the classes with the framework's CString: include mfc_classes_win32.h"
+#error "MSVC hosts declare the classes with the framework's CString: include mfc_classes_win32.h"
 #endif
 
 #include <string>

@@ -18,36 +18,37 @@
 #define QNUTIL_VERSION_MINOR 0
 #define QNUTIL_VERSION_PATCH 0
 /** Packed version number of this header: major * 10000 + minor * 100 + patch. */
-#define QNUTIL_VERSION (QNUTIL_VERSION_MAJOR * 10000 + QNUTIL_VERSION_MINOR * 100 + QNUTIL_VERSION_PATCH)
+#define QNUTIL_VERSION \
+  (QNUTIL_VERSION_MAJOR * 10000 + QNUTIL_VERSION_MINOR * 100 + QNUTIL_VERSION_PATCH)
 
 /* Calling convention of every export; explicit on 32-bit Windows so that
  * hosts compiled with another default (e.g. /Gz) still call correctly. */
 #ifndef QNUTIL_CALL
-#  if defined(_WIN32) && !defined(_WIN64)
-#    define QNUTIL_CALL __cdecl
-#  else
-#    define QNUTIL_CALL
-#  endif
+#if defined(_WIN32) && !defined(_WIN64)
+#define QNUTIL_CALL __cdecl
+#else
+#define QNUTIL_CALL
+#endif
 #endif
 
 /* Declaration attribute of every export. Define QNUTIL_STATIC when linking
  * a static build of the library into a Windows program. */
 #ifndef QNUTIL_API
-#  if defined(_WIN32) && !defined(QNUTIL_BUILDING) && !defined(QNUTIL_STATIC)
-#    define QNUTIL_API __declspec(dllimport)
-#  elif defined(__GNUC__) && !defined(_WIN32)
-#    define QNUTIL_API __attribute__((visibility("default")))
-#  else
-#    define QNUTIL_API
-#  endif
+#if defined(_WIN32) && !defined(QNUTIL_BUILDING) && !defined(QNUTIL_STATIC)
+#define QNUTIL_API __declspec(dllimport)
+#elif defined(__GNUC__) && !defined(_WIN32)
+#define QNUTIL_API __attribute__((visibility("default")))
+#else
+#define QNUTIL_API
+#endif
 #endif
 
 #ifdef __cplusplus
-#  define QNUTIL_EXTERN_C_BEGIN extern "C" {
-#  define QNUTIL_EXTERN_C_END }
+#define QNUTIL_EXTERN_C_BEGIN extern "C" {
+#define QNUTIL_EXTERN_C_END }
 #else
-#  define QNUTIL_EXTERN_C_BEGIN
-#  define QNUTIL_EXTERN_C_END
+#define QNUTIL_EXTERN_C_BEGIN
+#define QNUTIL_EXTERN_C_END
 #endif
 
 /* Result conventions of the families that report success as 0 / -1

@@ -49,7 +49,7 @@ typedef void(QNUTIL_CALL* EnvPutChar)(int ch, void* context);
 /** Callback of env_traverse: sub is a sub-environment on the element
  *  (closed after the call), path its walk path or null for a section. */
 typedef void(QNUTIL_CALL* EnvTraverseCallback)(EnvHandle* sub, const char* section,
-                                              const char* path, void* user);
+                                               const char* path, void* user);
 /** Callback of env_traverse_leafs (its result is ignored). */
 typedef int(QNUTIL_CALL* EnvLeafCallback)(EnvHandle* sub, const char* section, const char* path,
                                           void* user);
@@ -77,14 +77,14 @@ QNUTIL_API int QNUTIL_CALL env_check(EnvHandle* env, const char* section, const 
 QNUTIL_API int QNUTIL_CALL env_exist(EnvHandle* env, const char* section, const char* path,
                                      int direct);
 /** 1 if env_check finds a block, else 0. */
-QNUTIL_API int QNUTIL_CALL env_exist_block(EnvHandle* env, const char* section,
-                                           const char* path, int direct);
+QNUTIL_API int QNUTIL_CALL env_exist_block(EnvHandle* env, const char* section, const char* path,
+                                           int direct);
 /** 1 if env_check finds a data element, else 0. */
-QNUTIL_API int QNUTIL_CALL env_exist_data(EnvHandle* env, const char* section,
-                                          const char* path, int direct);
+QNUTIL_API int QNUTIL_CALL env_exist_data(EnvHandle* env, const char* section, const char* path,
+                                          int direct);
 /** 1 if env_check finds an external element, else 0. */
-QNUTIL_API int QNUTIL_CALL env_exist_external(EnvHandle* env, const char* section,
-                                              const char* path, int direct);
+QNUTIL_API int QNUTIL_CALL env_exist_external(EnvHandle* env, const char* section, const char* path,
+                                              int direct);
 
 /** Sub-environment anchored at the addressed element (any kind); it shares
  *  envId and fallback with env and keeps env from closing. Null when not
@@ -102,12 +102,12 @@ QNUTIL_API EnvHandle* QNUTIL_CALL env_create_subenv(EnvHandle* env, const char* 
 QNUTIL_API int QNUTIL_CALL env_delete(EnvHandle* env, const char* section, const char* path);
 /** Number of elements of the addressed block (section null on a root: of
  *  sections); 0 if not found or not a block; -6 bad path; -10 null. */
-QNUTIL_API int QNUTIL_CALL env_count_elements(EnvHandle* env, const char* section,
-                                              const char* path, int direct);
+QNUTIL_API int QNUTIL_CALL env_count_elements(EnvHandle* env, const char* section, const char* path,
+                                              int direct);
 /** Number of siblings of the addressed element named like the path's last
  *  component; 0 if not found; -6 bad path; -10 null. */
-QNUTIL_API int QNUTIL_CALL env_count_path(EnvHandle* env, const char* section,
-                                          const char* path, int direct);
+QNUTIL_API int QNUTIL_CALL env_count_path(EnvHandle* env, const char* section, const char* path,
+                                          int direct);
 /** Copies every leaf of src into dst at the same address. mode 0: only where
  *  dst has nothing; 1: as a new occurrence; 2: always; 3: only where dst
  *  has an element. External leaves are skipped; data texts longer than 254
@@ -141,31 +141,31 @@ QNUTIL_API int QNUTIL_CALL env_put_core(EnvHandle* env, const char* section, con
 QNUTIL_API int QNUTIL_CALL env_put(EnvHandle* env, const char* section, const char* path,
                                    const char* text);
 /** Same as env_put. */
-QNUTIL_API int QNUTIL_CALL env_put_string(EnvHandle* env, const char* section,
-                                          const char* path, const char* text);
+QNUTIL_API int QNUTIL_CALL env_put_string(EnvHandle* env, const char* section, const char* path,
+                                          const char* text);
 /** Stores an external element holding value. */
-QNUTIL_API int QNUTIL_CALL env_put_external(EnvHandle* env, const char* section,
-                                            const char* path, unsigned value);
+QNUTIL_API int QNUTIL_CALL env_put_external(EnvHandle* env, const char* section, const char* path,
+                                            unsigned value);
 /** Stores value as "%ld". */
 QNUTIL_API int QNUTIL_CALL env_put_long(EnvHandle* env, const char* section, const char* path,
                                         long value);
 /** Stores value as "%g" (six significant digits: reading gives back the
  *  rounded value). */
-QNUTIL_API int QNUTIL_CALL env_put_double(EnvHandle* env, const char* section,
-                                          const char* path, double value);
+QNUTIL_API int QNUTIL_CALL env_put_double(EnvHandle* env, const char* section, const char* path,
+                                          double value);
 /** Stores a printf-formatted text of at most 1023 bytes (else -10). */
-QNUTIL_API int QNUTIL_CALL env_put_format(EnvHandle* env, const char* section,
-                                          const char* path, const char* format, ...);
+QNUTIL_API int QNUTIL_CALL env_put_format(EnvHandle* env, const char* section, const char* path,
+                                          const char* format, ...);
 /** Stores count values joined with "," (at most 1023 bytes: values that do
  *  not fit are dropped). count < 1 or values null → -10. */
 QNUTIL_API int QNUTIL_CALL env_put_longs(EnvHandle* env, const char* section, const char* path,
                                          int count, const long* values);
 /** As env_put_longs with "%g" values. */
-QNUTIL_API int QNUTIL_CALL env_put_doubles(EnvHandle* env, const char* section,
-                                           const char* path, int count, const double* values);
+QNUTIL_API int QNUTIL_CALL env_put_doubles(EnvHandle* env, const char* section, const char* path,
+                                           int count, const double* values);
 /** As env_put_longs with texts (joined as they are, without quoting). */
-QNUTIL_API int QNUTIL_CALL env_put_strings(EnvHandle* env, const char* section,
-                                           const char* path, int count, const char** values);
+QNUTIL_API int QNUTIL_CALL env_put_strings(EnvHandle* env, const char* section, const char* path,
+                                           int count, const char** values);
 
 /* ---- gets (a root's fallback answers what it lacks) ------------------- */
 
@@ -175,38 +175,35 @@ QNUTIL_API int QNUTIL_CALL env_get(EnvHandle* env, const char* section, const ch
                                    int direct, int bufSize, char* buf);
 /** Points *text at the stored data text itself (library memory, valid
  *  until the element changes): envId; -1 for block or external. */
-QNUTIL_API int QNUTIL_CALL env_get_reference(EnvHandle* env, const char* section,
-                                             const char* path, int direct, char** text);
+QNUTIL_API int QNUTIL_CALL env_get_reference(EnvHandle* env, const char* section, const char* path,
+                                             int direct, char** text);
 /** Copies the data text into buf without a size check; buf becomes "" on
  *  failure. */
-QNUTIL_API int QNUTIL_CALL env_get_string(EnvHandle* env, const char* section,
-                                          const char* path, int direct, char* buf);
+QNUTIL_API int QNUTIL_CALL env_get_string(EnvHandle* env, const char* section, const char* path,
+                                          int direct, char* buf);
 /** Parses the data text as one long: envId; -5 not a number; -7 several. */
 QNUTIL_API int QNUTIL_CALL env_get_long(EnvHandle* env, const char* section, const char* path,
                                         int direct, long* value);
 /** Parses the data text as one double ("D" exponents accepted). */
-QNUTIL_API int QNUTIL_CALL env_get_double(EnvHandle* env, const char* section,
-                                          const char* path, int direct, double* value);
+QNUTIL_API int QNUTIL_CALL env_get_double(EnvHandle* env, const char* section, const char* path,
+                                          int direct, double* value);
 /** Parses a comma-separated list of longs; *count is the capacity on entry
  *  and the number stored on return (0 on any failure; -7 over capacity). */
-QNUTIL_API int QNUTIL_CALL env_get_longs(EnvHandle* env, const char* section,
-                                         const char* path, int direct, int* count,
-                                         long* values);
+QNUTIL_API int QNUTIL_CALL env_get_longs(EnvHandle* env, const char* section, const char* path,
+                                         int direct, int* count, long* values);
 /** As env_get_longs for doubles. */
-QNUTIL_API int QNUTIL_CALL env_get_doubles(EnvHandle* env, const char* section,
-                                           const char* path, int direct, int* count,
-                                           double* values);
+QNUTIL_API int QNUTIL_CALL env_get_doubles(EnvHandle* env, const char* section, const char* path,
+                                           int direct, int* count, double* values);
 /** As env_get_longs for items of letters and digits, each copied into
  *  values[i] (size bytes; too long or a null buffer → -7). */
-QNUTIL_API int QNUTIL_CALL env_get_strings(EnvHandle* env, const char* section,
-                                           const char* path, int direct, int* count, int size,
-                                           char** values);
+QNUTIL_API int QNUTIL_CALL env_get_strings(EnvHandle* env, const char* section, const char* path,
+                                           int direct, int* count, int size, char** values);
 /** Value of an external element: envId; -3 for data or block. */
-QNUTIL_API int QNUTIL_CALL env_get_external(EnvHandle* env, const char* section,
-                                            const char* path, int direct, unsigned* value);
+QNUTIL_API int QNUTIL_CALL env_get_external(EnvHandle* env, const char* section, const char* path,
+                                            int direct, unsigned* value);
 /** Length of the data text; 0 if not data or not found. */
-QNUTIL_API int QNUTIL_CALL env_data_length(EnvHandle* env, const char* section,
-                                           const char* path, int direct);
+QNUTIL_API int QNUTIL_CALL env_data_length(EnvHandle* env, const char* section, const char* path,
+                                           int direct);
 /** The pos-th (1-based) element of the block at section/path (path null: of
  *  the section; section null on a root: the pos-th section). Result its
  *  kind (-1, -2, -3) with *envIdOut set, the name and data text copied when
@@ -214,14 +211,13 @@ QNUTIL_API int QNUTIL_CALL env_data_length(EnvHandle* env, const char* section,
  *  *external; pos < 1 or past the end → -4. Null outputs are skipped. */
 QNUTIL_API int QNUTIL_CALL env_get_pos(EnvHandle* env, const char* section, const char* path,
                                        int direct, int pos, long* envIdOut, int nameSize,
-                                       char* name, int valueSize, char* value,
-                                       unsigned* external);
+                                       char* name, int valueSize, char* value, unsigned* external);
 /** Inserts an external element (value 0) named newName before the
  *  addressed element: 0, -4, -10 (also for a bad path). Path null on a
  *  root: an empty section before the section named section (0 even if
  *  there is none). */
-QNUTIL_API int QNUTIL_CALL env_insert_before(EnvHandle* env, const char* section,
-                                             const char* path, const char* newName);
+QNUTIL_API int QNUTIL_CALL env_insert_before(EnvHandle* env, const char* section, const char* path,
+                                             const char* newName);
 
 /* ---- text files -------------------------------------------------------- */
 
@@ -258,8 +254,7 @@ QNUTIL_API int QNUTIL_CALL env_traverse(EnvHandle* env, const char* section, con
 /** Calls callback for every data and external element of the whole
  *  environment, depth first in file order, with its full walk path
  *  ("frame@1@color@1"): 0, or -10 if the walk failed. */
-QNUTIL_API int QNUTIL_CALL env_traverse_leafs(EnvHandle* env, EnvLeafCallback callback,
-                                              void* user);
+QNUTIL_API int QNUTIL_CALL env_traverse_leafs(EnvHandle* env, EnvLeafCallback callback, void* user);
 /** Lists the names of the block's elements into buf as
  *  separator name separator name ... separator: 0; -2 if the address is not
  *  a block; -7 if bufSize < 2 or the list does not fit (buf ""). */

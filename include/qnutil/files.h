@@ -32,22 +32,22 @@
 /** One entry of a folder listing: 272 bytes on every target, walked by index. */
 #pragma pack(push, 1)
 typedef struct QnUtilDirEntry {
-  char name[256];       /**< file name without folder, NUL-terminated */
-  uint32_t flags;       /**< QNUTIL_ENTRY_* bits */
-  uint32_t size;        /**< size in bytes, low 32 bits */
-  uint32_t mtime;       /**< last write, seconds since 1970-01-01 UTC; 315529200
-                           (1 January 1980, 00:00 CET) when unknown */
-  uint8_t reserved[4];  /**< not written */
+  char name[256];      /**< file name without folder, NUL-terminated */
+  uint32_t flags;      /**< QNUTIL_ENTRY_* bits */
+  uint32_t size;       /**< size in bytes, low 32 bits */
+  uint32_t mtime;      /**< last write, seconds since 1970-01-01 UTC; 315529200
+                          (1 January 1980, 00:00 CET) when unknown */
+  uint8_t reserved[4]; /**< not written */
 } QnUtilDirEntry;
 #pragma pack(pop)
 
 /* Mode bits of fio_open: exactly one of READ, WRITE and APPEND. */
-#define QNUTIL_FIO_READ 1     /* "r" */
-#define QNUTIL_FIO_WRITE 2    /* "w", truncating */
-#define QNUTIL_FIO_APPEND 4   /* "a" */
-#define QNUTIL_FIO_UPDATE 8   /* "+": the other direction too */
-#define QNUTIL_FIO_TEXT 16    /* "t"; without it the stream is binary */
-#define QNUTIL_FIO_HEADER 32  /* 16-byte byte-order header; ignored with APPEND or TEXT */
+#define QNUTIL_FIO_READ 1    /* "r" */
+#define QNUTIL_FIO_WRITE 2   /* "w", truncating */
+#define QNUTIL_FIO_APPEND 4  /* "a" */
+#define QNUTIL_FIO_UPDATE 8  /* "+": the other direction too */
+#define QNUTIL_FIO_TEXT 16   /* "t"; without it the stream is binary */
+#define QNUTIL_FIO_HEADER 32 /* 16-byte byte-order header; ignored with APPEND or TEXT */
 
 /* byteOrder values of an fio file. */
 #define QNUTIL_FIO_LITTLE_ENDIAN 0 /* "INTEL" */

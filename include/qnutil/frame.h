@@ -21,9 +21,8 @@ QNUTIL_EXTERN_C_BEGIN
  * "<Month dd, yyyy, hh:mm> :: <text> in \"<sourceFile>\" line <line>\n"
  * is appended and flushed instead, and no box is shown.
  */
-QNUTIL_API void QNUTIL_CALL QnUtil_Message(const char* text, const char* extra1,
-                                           const char* extra2, const char* sourceFile,
-                                           int line);
+QNUTIL_API void QNUTIL_CALL QnUtil_Message(const char* text, const char* extra1, const char* extra2,
+                                           const char* sourceFile, int line);
 
 /**
  * Switches logging. enable = 0 closes the log file. Otherwise, if no log
@@ -33,8 +32,7 @@ QNUTIL_API void QNUTIL_CALL QnUtil_Message(const char* text, const char* extra1,
  * names the file used; if none opens, logging is switched off again with a
  * notice box.
  */
-QNUTIL_API void QNUTIL_CALL QnUtil_SetWriteToLogfile(int enable, const char* fileName,
-                                                     int append);
+QNUTIL_API void QNUTIL_CALL QnUtil_SetWriteToLogfile(int enable, const char* fileName, int append);
 
 /** 1 if logging is switched on, else 0. */
 QNUTIL_API int QNUTIL_CALL QnUtil_GetWriteToLogfile(void);
@@ -44,8 +42,7 @@ QNUTIL_API int QNUTIL_CALL QnUtil_GetWriteToLogfile(void);
  * box without one) and its text, plus the user pointer given at
  * installation. Called on the reporting thread.
  */
-typedef void (QNUTIL_CALL* QnUtilMessageHandler)(const char* caption, const char* text,
-                                                 void* user);
+typedef void(QNUTIL_CALL* QnUtilMessageHandler)(const char* caption, const char* text, void* user);
 
 /**
  * Installs a handler for message boxes; null restores the default (a modal

@@ -41,10 +41,9 @@ QNUTIL_API struct HRGN__* QNUTIL_CALL QnUtil_CreateRegionFromBitmap(struct HBITM
  * (which may reach one pixel beyond the rectangle); light pixels show the
  * face colour.
  */
-QNUTIL_API void QNUTIL_CALL QnUtil_DrawEmbossedBitmap(struct HDC__* target, int x, int y,
-                                                      int width, int height,
-                                                      struct HBITMAP__* bitmap, int sourceX,
-                                                      int sourceY);
+QNUTIL_API void QNUTIL_CALL QnUtil_DrawEmbossedBitmap(struct HDC__* target, int x, int y, int width,
+                                                      int height, struct HBITMAP__* bitmap,
+                                                      int sourceX, int sourceY);
 
 /**
  * Draws the whole bitmap into target at (x, y), leaving the target as it
@@ -52,8 +51,8 @@ QNUTIL_API void QNUTIL_CALL QnUtil_DrawEmbossedBitmap(struct HDC__* target, int 
  * 0x00BBGGRR). bitmap must not be selected into another device context.
  */
 QNUTIL_API void QNUTIL_CALL QnUtil_DrawTransparentBitmap(struct HDC__* target,
-                                                         struct HBITMAP__* bitmap, short x,
-                                                         short y, unsigned long transparent);
+                                                         struct HBITMAP__* bitmap, short x, short y,
+                                                         unsigned long transparent);
 
 /**
  * Loads the image from a device bitmap of more than 8 bits per pixel
@@ -77,8 +76,8 @@ QNUTIL_API int QNUTIL_CALL bmpExDraw(bmpExHandle handle, struct HDC__* dc);
 
 /** Draws the image scaled into the rectangle (x, y, width, height) of dc,
  *  copying (no blending). Returns 0 for a null handle, else 1. */
-QNUTIL_API int QNUTIL_CALL bmpExDraw2(bmpExHandle handle, struct HDC__* dc, int x, int y,
-                                      int width, int height);
+QNUTIL_API int QNUTIL_CALL bmpExDraw2(bmpExHandle handle, struct HDC__* dc, int x, int y, int width,
+                                      int height);
 
 QNUTIL_EXTERN_C_END
 

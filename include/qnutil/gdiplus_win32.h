@@ -142,15 +142,15 @@ QNUTIL_API int QNUTIL_CALL gdiPlusDrawImage2(void* image, struct HDC__* dc, int 
  * (X * a, Y + H * c, W * b, Y + H * c + H * d) of the image bounds
  * (X, Y, W, H) into (X, Y, W, H) (the asymmetries are intended). Ok-status.
  */
-QNUTIL_API int QNUTIL_CALL gdiPlusDrawImage3(void* image, struct HDC__* dc, float a, float b, float c,
-                                             float d);
+QNUTIL_API int QNUTIL_CALL gdiPlusDrawImage3(void* image, struct HDC__* dc, float a, float b,
+                                             float c, float d);
 /** Clears the DC to white, draws the image at (x, y) with its own alpha. */
 QNUTIL_API int QNUTIL_CALL gdiPlusDrawTranspImage(void* image, struct HDC__* dc, int x, int y);
 
 /** Black 1-unit arc of the ellipse in (x, y, w, h), rotated; 1. */
-QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedArc(struct HDC__* dc, int x, int y, int w, int h, float cx,
-                                                 float cy, float startAngle, float sweepAngle,
-                                                 float rotation);
+QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedArc(struct HDC__* dc, int x, int y, int w, int h,
+                                                 float cx, float cy, float startAngle,
+                                                 float sweepAngle, float rotation);
 /** The arc with an opaque pen of the colour, style and width * 10; 1. */
 QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedArcRGB(struct HDC__* dc, int x, int y, int w, int h,
                                                     float cx, float cy, float startAngle,
@@ -161,8 +161,8 @@ QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedEllipse(struct HDC__* dc, int x, in
                                                      float cx, float cy, float rotation);
 /** The rotated ellipse filled by fill style and colour, then outlined with
  *  an opaque pen of the pen colour, style and width * 10; 1. */
-QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedEllipseRGB(struct HDC__* dc, int x, int y, int w, int h,
-                                                        float cx, float cy, float rotation,
+QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedEllipseRGB(struct HDC__* dc, int x, int y, int w,
+                                                        int h, float cx, float cy, float rotation,
                                                         int lineStyle, float penWidth, int penRed,
                                                         int penGreen, int penBlue, int fillAlpha,
                                                         int fillStyle, int fillRed, int fillGreen,
@@ -173,12 +173,12 @@ QNUTIL_API int QNUTIL_CALL gdiPlusFillPolygon(struct HDC__* dc, int unused, int 
                                               int green, int blue, const struct tagPOINT* points,
                                               int count);
 /** The polygon filled by fill style; `unused` is not read; 1. */
-QNUTIL_API int QNUTIL_CALL gdiPlusFillPolygonEX(struct HDC__* dc, int unused, int fillStyle, int alpha,
-                                                int red, int green, int blue,
+QNUTIL_API int QNUTIL_CALL gdiPlusFillPolygonEX(struct HDC__* dc, int unused, int fillStyle,
+                                                int alpha, int red, int green, int blue,
                                                 const struct tagPOINT* points, int count);
 /** Solid ARGB fill of (0, 0, width, height). Ok-status. */
-QNUTIL_API int QNUTIL_CALL gdiPlusFillRect(struct HDC__* dc, int alpha, int red, int green, int blue,
-                                           int width, int height);
+QNUTIL_API int QNUTIL_CALL gdiPlusFillRect(struct HDC__* dc, int alpha, int red, int green,
+                                           int blue, int width, int height);
 /** Fills the rectangle with a path gradient over the polygon from the
  *  centre colour at (centerX, centerY) to the edge colour; 1. */
 QNUTIL_API int QNUTIL_CALL gdiPlusVerlaufPolygon(struct HDC__* dc, const struct tagPOINT* points,
@@ -197,8 +197,8 @@ QNUTIL_EXTERN_C_END
 /** Clears the DC to white, scales by (scaleX, scaleY) and draws the image
  *  at (x, y). 1 when the draw succeeded. C++ linkage: this is its form for
  *  GCC-built programs; MSVC hosts find theirs in mfc_classes_win32.h. */
-QNUTIL_API int QNUTIL_CALL gdiPlusPrintImage(void* image, struct HDC__* dc, int x, int y, float scaleX,
-                                             float scaleY);
+QNUTIL_API int QNUTIL_CALL gdiPlusPrintImage(void* image, struct HDC__* dc, int x, int y,
+                                             float scaleX, float scaleY);
 #endif
 
 #endif /* _WIN32 */

@@ -37,10 +37,10 @@
 #define QNUTIL_MFC_CLASSES_WIN32_H
 
 #if !defined(__cplusplus) || !defined(_MSC_VER)
-#  error "mfc_classes_win32.h is for C++ hosts built with MSVC (or clang for *-windows-msvc)"
+#error "mfc_classes_win32.h is for C++ hosts built with MSVC (or clang for *-windows-msvc)"
 #endif
 #if defined(__AFX_H__) && !defined(_AFXDLL)
-#  error "QnUtil's classes take the CString of MFC in a shared DLL (_AFXDLL)"
+#error "QnUtil's classes take the CString of MFC in a shared DLL (_AFXDLL)"
 #endif
 
 #include "common.h"
@@ -51,10 +51,13 @@
 typedef CStringA QnUtilMfcString;
 #else
 namespace ATL {
-template <typename BaseType> class ChTraitsCRT;
-template <typename BaseType, class StringTraits> class CStringT;
+template <typename BaseType>
+class ChTraitsCRT;
+template <typename BaseType, class StringTraits>
+class CStringT;
 }  // namespace ATL
-template <typename BaseType, class StringIterator> class StrTraitMFC_DLL;
+template <typename BaseType, class StringIterator>
+class StrTraitMFC_DLL;
 /** The framework's 8-bit string (CString in a multi-byte build). */
 typedef ATL::CStringT<char, StrTraitMFC_DLL<char, ATL::ChTraitsCRT<char> > > QnUtilMfcString;
 #endif
@@ -104,8 +107,7 @@ class QNUTIL_API CQnIniFile {
   /** Writes the value formatted "%ld". */
   static bool FileWriteInt(const char* file, const char* section, const char* key, int value);
   /** Writes the value formatted "%lg" (six significant digits). */
-  static bool FileWriteDouble(const char* file, const char* section, const char* key,
-                              double value);
+  static bool FileWriteDouble(const char* file, const char* section, const char* key, double value);
 
   /** FileReadString on the bound path. */
   QnUtilMfcString ReadString(const char* section, const char* key);

@@ -70,7 +70,7 @@ QNUTIL_API double QNUTIL_CALL ddiv(double a, double b);
 QNUTIL_API float QNUTIL_CALL qnutil_fdiv(float a, float b) __asm__("fdiv");
 #else
 QNUTIL_API float QNUTIL_CALL fdiv(float a, float b);
-#  define qnutil_fdiv fdiv
+#define qnutil_fdiv fdiv
 #endif
 
 /** -1.0 when x < 0, 1.0 when x > 0, 0.0 otherwise (either zero and NaN). */

@@ -21,7 +21,7 @@
 
 #include <stdint.h>
 #ifndef __cplusplus
-#  include <stdbool.h>
+#include <stdbool.h>
 #endif
 
 /** A loaded filter plug-in; opaque, made by AVGetPSFilterAndInfo and
@@ -31,7 +31,7 @@ typedef struct PSFilter_ PSFilter_;
 /** Progress of a running filter: fraction done (0 to 1 as the plug-in
  *  reports it) and the caller's user value. Return false to ask the
  *  plug-in to cancel. */
-typedef bool (QNUTIL_CALL* AVPSFilterProgressProc)(float fraction, int32_t userValue);
+typedef bool(QNUTIL_CALL* AVPSFilterProgressProc)(float fraction, int32_t userValue);
 
 QNUTIL_EXTERN_C_BEGIN
 
@@ -87,9 +87,9 @@ QNUTIL_API bool QNUTIL_CALL AVGetPSFilterEntryName(PSFilter_* filter, char* buff
  */
 QNUTIL_API bool QNUTIL_CALL AVApplyPSFilter(PSFilter_* filter, bool repeatLast,
                                             AVPSFilterProgressProc progress, int32_t userValue,
-                                            const unsigned char* bits, int32_t width, int32_t height,
-                                            int32_t rowBytes, unsigned char** resultImage,
-                                            int32_t* result);
+                                            const unsigned char* bits, int32_t width,
+                                            int32_t height, int32_t rowBytes,
+                                            unsigned char** resultImage, int32_t* result);
 
 QNUTIL_EXTERN_C_END
 

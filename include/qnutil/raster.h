@@ -69,7 +69,8 @@ QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits(bmpExHandle handle, const void* bit
 
 /** As bmpExLoadFromBits when hasFileHeader is non-zero; otherwise bits
  *  starts with the 40-byte info header (a packed DIB). */
-QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits2(bmpExHandle handle, const void* bits, int hasFileHeader);
+QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits2(bmpExHandle handle, const void* bits,
+                                              int hasFileHeader);
 
 /** Loads from separately supplied headers (both copied before anything
  *  else; a null one does nothing) and the palette-and-pixels data (null
@@ -129,8 +130,8 @@ QNUTIL_API int QNUTIL_CALL bmpExConvertHsi(bmpExHandle handle, int toHsi);
  *  2 smooths (area average when reducing, bicubic when enlarging); it
  *  becomes the image's interpolation mode. A null source does nothing. */
 QNUTIL_API int QNUTIL_CALL bmpExDrawBitmap(bmpExHandle handle, int x, int y, int width, int height,
-                                           bmpExHandle source, int sx, int sy, int sWidth, int sHeight,
-                                           int opacity, int mode);
+                                           bmpExHandle source, int sx, int sy, int sWidth,
+                                           int sHeight, int opacity, int mode);
 
 QNUTIL_EXTERN_C_END
 

@@ -24,8 +24,8 @@ QNUTIL_EXTERN_C_BEGIN
  *  n < 3 or nb > n give an empty array. Returns 1 when an array was produced
  *  (also an empty one), 0 when it could not be allocated or an output
  *  pointer is null (then *triangles is null and *count 0 where given). */
-QNUTIL_API int QNUTIL_CALL Triangulieren(int n, unsigned int nb, const float* points, void** triangles,
-                                         unsigned int* count);
+QNUTIL_API int QNUTIL_CALL Triangulieren(int n, unsigned int nb, const float* points,
+                                         void** triangles, unsigned int* count);
 
 /** Releases an array made by Triangulieren and sets *triangles to null;
  *  a null pointer (or *triangles null) is accepted. Returns 1. */

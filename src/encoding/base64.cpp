@@ -15,7 +15,8 @@ constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwx
 struct PairTable {
   std::array<std::array<char, 2>, 4096> pairs{};
   constexpr PairTable() {
-    for (std::size_t i = 0; i < pairs.size(); ++i) pairs[i] = {kAlphabet[i >> 6], kAlphabet[i & 63]};
+    for (std::size_t i = 0; i < pairs.size(); ++i)
+      pairs[i] = {kAlphabet[i >> 6], kAlphabet[i & 63]};
   }
 };
 constexpr PairTable kTable;

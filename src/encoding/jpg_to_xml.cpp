@@ -90,5 +90,6 @@ int encode_file(const char* path, unsigned char* buffer, unsigned int* length, i
 // character, so pictures of any size convert at memory speed.
 extern "C" QNUTIL_API int QNUTIL_CALL jpgToXML(const char* path, unsigned char* buffer,
                                                unsigned int* length, int sizeOnly) {
-  return qnutil::frame::guard_export(0, [&] { return encode_file(path, buffer, length, sizeOnly); });
+  return qnutil::frame::guard_export(0,
+                                     [&] { return encode_file(path, buffer, length, sizeOnly); });
 }

@@ -73,7 +73,8 @@ class CharLayer {
   struct PlainBytes {
     explicit PlainBytes(bool (*is_special)(unsigned char)) {
       for (int b = 0; b < 256; ++b)
-        is_plain[b] = !is_special(static_cast<unsigned char>(b)) && b != '\\' && b != '\n' && b != 0;
+        is_plain[b] =
+            !is_special(static_cast<unsigned char>(b)) && b != '\\' && b != '\n' && b != 0;
     }
     bool is_plain[256];
   };

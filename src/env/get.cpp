@@ -14,8 +14,8 @@ namespace qnutil::env {
 namespace {
 
 // Looks a data element up; blocks and external elements answer -1.
-int find_data(EnvHandle* env, const char* section, const char* path, int direct,
-              Element*& found, long& answered) {
+int find_data(EnvHandle* env, const char* section, const char* path, int direct, Element*& found,
+              long& answered) {
   const int status = find_element(env, section, path, direct, found, answered);
   if (status == ENV_BLOCK || status == ENV_EXTERNAL) return ENV_DATA;
   if (status == ENV_DATA) return ENV_OK;
@@ -84,9 +84,8 @@ bool copy_fitting(std::string_view text, int size, char* buffer) {
 
 using namespace qnutil::env;
 
-extern "C" QNUTIL_API int QNUTIL_CALL env_get(EnvHandle* env, const char* section,
-                                              const char* path, int direct, int bufSize,
-                                              char* buf) {
+extern "C" QNUTIL_API int QNUTIL_CALL env_get(EnvHandle* env, const char* section, const char* path,
+                                              int direct, int bufSize, char* buf) {
   return guard_export(ENV_ERROR, [&] {
     Element* found = nullptr;
     long answered = 0;
@@ -101,8 +100,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_get(EnvHandle* env, const char* sectio
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL env_get_reference(EnvHandle* env, const char* section,
-                                                        const char* path, int direct,
-                                                        char** text) {
+                                                        const char* path, int direct, char** text) {
   return guard_export(ENV_ERROR, [&] {
     Element* found = nullptr;
     long answered = 0;
@@ -140,8 +138,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_get_long(EnvHandle* env, const char* s
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL env_get_double(EnvHandle* env, const char* section,
-                                                     const char* path, int direct,
-                                                     double* value) {
+                                                     const char* path, int direct, double* value) {
   return guard_export(ENV_ERROR, [&] {
     return get_single(env, section, path, direct, value, ItemSyntax::real, real_value);
   });
@@ -160,8 +157,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_get_doubles(EnvHandle* env, const char
                                                       const char* path, int direct, int* count,
                                                       double* values) {
   return guard_export(ENV_ERROR, [&] {
-    return get_numbers(env, section, path, direct, count, values, ItemSyntax::real,
-                       real_value);
+    return get_numbers(env, section, path, direct, count, values, ItemSyntax::real, real_value);
   });
 }
 
@@ -206,8 +202,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_data_length(EnvHandle* env, const char
 extern "C" QNUTIL_API int QNUTIL_CALL env_get_pos(EnvHandle* env, const char* section,
                                                   const char* path, int direct, int pos,
                                                   long* envIdOut, int nameSize, char* name,
-                                                  int valueSize, char* value,
-                                                  unsigned* external) {
+                                                  int valueSize, char* value, unsigned* external) {
   return guard_export(ENV_ERROR, [&] {
     if (!valid_handle(env, __LINE__)) return ENV_ERROR;
     ElementList* list = nullptr;

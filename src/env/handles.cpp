@@ -99,8 +99,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_exist_external(EnvHandle* env, const c
   return env_check(env, section, path, direct) == ENV_EXTERNAL;
 }
 
-extern "C" QNUTIL_API EnvHandle* QNUTIL_CALL env_open_subenv(EnvHandle* env,
-                                                             const char* section,
+extern "C" QNUTIL_API EnvHandle* QNUTIL_CALL env_open_subenv(EnvHandle* env, const char* section,
                                                              const char* path, int direct) {
   return guard_export<EnvHandle*>(nullptr, [&]() -> EnvHandle* {
     const int status = lookup(env, section, path, direct != 0, false);
@@ -109,8 +108,7 @@ extern "C" QNUTIL_API EnvHandle* QNUTIL_CALL env_open_subenv(EnvHandle* env,
   });
 }
 
-extern "C" QNUTIL_API EnvHandle* QNUTIL_CALL env_create_subenv(EnvHandle* env,
-                                                               const char* section,
+extern "C" QNUTIL_API EnvHandle* QNUTIL_CALL env_create_subenv(EnvHandle* env, const char* section,
                                                                const char* path) {
   if (EnvHandle* sub = env_open_subenv(env, section, path, 1)) return sub;
   if (env_put_core(env, section, path, nullptr, 0) != ENV_OK) return nullptr;

@@ -145,8 +145,8 @@ int lookup(EnvHandle* env, const char* section, const char* path, bool direct, b
   return finish(kind_status(env->current->kind));
 }
 
-int find_element(EnvHandle* env, const char* section, const char* path, int direct,
-                 Element*& found, long& answered) {
+int find_element(EnvHandle* env, const char* section, const char* path, int direct, Element*& found,
+                 long& answered) {
   for (;;) {
     const int status = lookup(env, section, path, direct != 0, false);
     if (status == ENV_NOT_FOUND && env->fallback && section && path) {

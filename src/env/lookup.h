@@ -34,8 +34,8 @@ const PendingSteps& pending_steps();
 // The lookup of a getter: on -4 the fallback chain answers requests that
 // name both section and path. On success `found` is the element and
 // `answered` the envId of the environment that held it.
-int find_element(EnvHandle* env, const char* section, const char* path, int direct,
-                 Element*& found, long& answered);
+int find_element(EnvHandle* env, const char* section, const char* path, int direct, Element*& found,
+                 long& answered);
 
 // The pos-th (1-based) element of the list, or null. Stepping on from the
 // previous position of the same unchanged list costs one step, so that

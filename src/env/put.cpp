@@ -73,12 +73,11 @@ std::string format_double(double value) { return qnutil::frame::format_text("%g"
 
 // The list puts: the items formatted one by one and joined with commas.
 template <class Value, class Format>
-int put_list(EnvHandle* env, const char* section, const char* path, int count,
-             const Value* values, Format format_one) {
+int put_list(EnvHandle* env, const char* section, const char* path, int count, const Value* values,
+             Format format_one) {
   if (count < 1 || !values) return ENV_ERROR;
   return guard_export(ENV_ERROR, [&] {
-    const std::string joined =
-        join_values(count, [&](int i) { return format_one(values[i]); });
+    const std::string joined = join_values(count, [&](int i) { return format_one(values[i]); });
     return env_put(env, section, path, joined.c_str());
   });
 }
@@ -100,18 +99,15 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_put_core(EnvHandle* env, const char* s
         if (!env->isSub && !path) return ENV_OK;
         store(env->current, text, external);
         return ENV_OK;
-      case ENV_NOT_FOUND:
-        return create_missing(env, text, external);
-      case ENV_BAD_PATH:
-        return ENV_OK;  // callers cannot tell: nothing was stored
-      default:
-        return status;
+      case ENV_NOT_FOUND: return create_missing(env, text, external);
+      case ENV_BAD_PATH: return ENV_OK;  // callers cannot tell: nothing was stored
+      default: return status;
     }
   });
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL env_put(EnvHandle* env, const char* section,
-                                              const char* path, const char* text) {
+extern "C" QNUTIL_API int QNUTIL_CALL env_put(EnvHandle* env, const char* section, const char* path,
+                                              const char* text) {
   if (!text) return ENV_ERROR;
   return env_put_core(env, section, path, text, 0);
 }
@@ -128,21 +124,18 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_put_external(EnvHandle* env, const cha
 
 extern "C" QNUTIL_API int QNUTIL_CALL env_put_long(EnvHandle* env, const char* section,
                                                    const char* path, long value) {
-  return guard_export(ENV_ERROR, [&] {
-    return env_put(env, section, path, format_long(value).c_str());
-  });
+  return guard_export(ENV_ERROR,
+                      [&] { return env_put(env, section, path, format_long(value).c_str()); });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL env_put_double(EnvHandle* env, const char* section,
                                                      const char* path, double value) {
-  return guard_export(ENV_ERROR, [&] {
-    return env_put(env, section, path, format_double(value).c_str());
-  });
+  return guard_export(ENV_ERROR,
+                      [&] { return env_put(env, section, path, format_double(value).c_str()); });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL env_put_format(EnvHandle* env, const char* section,
-                                                     const char* path, const char* format,
-                                                     ...) {
+                                                     const char* path, const char* format, ...) {
   if (!format) return ENV_ERROR;
   char text[kFormatBuffer];
   va_list args;

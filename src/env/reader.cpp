@@ -12,7 +12,7 @@ using namespace qnutil::env;
 
 namespace {
 
-constexpr unsigned char kTextEnd = 0x1A;       // Ctrl-Z ends a text file
+constexpr unsigned char kTextEnd = 0x1A;        // Ctrl-Z ends a text file
 constexpr unsigned char kSignedEndByte = 0xFF;  // reads as -1 through a signed char
 
 // Bytes from the caller's callback; its -1 ends the input for good.
@@ -60,7 +60,9 @@ class FileSource {
     return ended_ ? std::string_view() : std::string_view(buffer_.bytes.get() + pos_, held_ - pos_);
   }
   void skip(std::size_t n) { pos_ += n; }
-  static bool is_special(unsigned char b) { return b == kTextEnd || b == kSignedEndByte || b == '\r'; }
+  static bool is_special(unsigned char b) {
+    return b == kTextEnd || b == kSignedEndByte || b == '\r';
+  }
 
  private:
   bool refill() {
@@ -91,8 +93,7 @@ int read_into(EnvHandle* env, Source& source) {
 
 }  // namespace
 
-extern "C" QNUTIL_API int QNUTIL_CALL env_read(EnvGetChar getChar, void* context,
-                                               EnvHandle* env) {
+extern "C" QNUTIL_API int QNUTIL_CALL env_read(EnvGetChar getChar, void* context, EnvHandle* env) {
   return guard_export(ENV_ERROR, [&] {
     if (!getChar) return ENV_ERROR;
     CallbackSource source(getChar, context);
@@ -104,9 +105,9 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_read_file(const char* fileName, EnvHan
   return guard_export(ENV_ERROR, [&] {
     std::FILE* file = fileName ? std::fopen(fileName, "rb") : nullptr;
     if (!file) {
-      report(qnutil::frame::format_text("cann't open to read: %s", fileName ? fileName : "")
-                 .c_str(),
-             __LINE__);
+      report(
+          qnutil::frame::format_text("cann't open to read: %s", fileName ? fileName : "").c_str(),
+          __LINE__);
       return ENV_ERROR;
     }
     struct Closer {

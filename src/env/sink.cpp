@@ -44,11 +44,8 @@ bool copy_leaf(void* user, EnvHandle* leaf, const char* section, const char* pat
     case kOnlyExisting:
       if (env_check(sink.dst, section, path, 1) == ENV_NOT_FOUND) return true;
       break;
-    case kAppend:
-      target = appended_path(sink.dst, section, target);
-      break;
-    default:
-      break;
+    case kAppend: target = appended_path(sink.dst, section, target); break;
+    default: break;
   }
   return env_put(sink.dst, section, target.c_str(), text) == ENV_OK;
 }

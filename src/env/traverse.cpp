@@ -136,8 +136,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_traverse(EnvHandle* env, const char* s
   });
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL env_traverse_leafs(EnvHandle* env,
-                                                         EnvLeafCallback callback,
+extern "C" QNUTIL_API int QNUTIL_CALL env_traverse_leafs(EnvHandle* env, EnvLeafCallback callback,
                                                          void* user) {
   return guard_export(ENV_ERROR, [&] {
     if (!valid_handle(env, __LINE__)) return ENV_ERROR;
@@ -159,8 +158,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL env_traverse_leafs(EnvHandle* env,
 
 extern "C" QNUTIL_API int QNUTIL_CALL env_list_elem_names(EnvHandle* env, const char* section,
                                                           const char* path, int direct,
-                                                          char separator, int bufSize,
-                                                          char* buf) {
+                                                          char separator, int bufSize, char* buf) {
   return guard_export(ENV_ERROR, [&] {
     if (buf && bufSize >= 1) *buf = '\0';
     int status = ENV_OK;

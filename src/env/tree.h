@@ -21,16 +21,14 @@ struct Element {
   ElementList* owner = nullptr;  // the list holding this element
   Kind kind = Kind::external;
   union {
-    char* text;          // data: heap text, may be null (reads as "")
-    ElementList* list;   // block: may be null (counts as empty)
+    char* text;         // data: heap text, may be null (reads as "")
+    ElementList* list;  // block: may be null (counts as empty)
     std::uint32_t external;
   } value{};
   std::uint32_t name_length = 0;
   bool inline_text = false;  // data text stored in the element's own allocation
 
-  std::string_view name() const {
-    return {reinterpret_cast<const char*>(this + 1), name_length};
-  }
+  std::string_view name() const { return {reinterpret_cast<const char*>(this + 1), name_length}; }
   const char* name_cstr() const { return reinterpret_cast<const char*>(this + 1); }
   const char* text_or_empty() const { return value.text ? value.text : ""; }
   bool is_block() const { return kind == Kind::block; }

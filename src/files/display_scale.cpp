@@ -33,8 +33,14 @@ extern "C" QNUTIL_API int QNUTIL_CALL ProcessDpiAwarenessAvailable(void) {
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL MyGetSystemMetrics(int index) {
-  enum { kWidth = 0, kHeight = 1, kVirtualLeft = 76, kVirtualTop = 77, kVirtualWidth = 78,
-         kVirtualHeight = 79 };
+  enum {
+    kWidth = 0,
+    kHeight = 1,
+    kVirtualLeft = 76,
+    kVirtualTop = 77,
+    kVirtualWidth = 78,
+    kVirtualHeight = 79
+  };
   if (index == kVirtualLeft || index == kVirtualTop) return platform::system_metric(index);
   const bool wants_width = index == kWidth || index == kVirtualWidth;
   if (!wants_width && index != kHeight && index != kVirtualHeight) return -1;

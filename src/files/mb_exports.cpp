@@ -119,21 +119,20 @@ int read_string(const char* file, const char* section, const char* key, char* bu
 }  // namespace
 
 extern "C" QNUTIL_API int QNUTIL_CALL QnUtil_MB_SucheDatei(const char* section, const char* key,
-                                                          const char* name, char* out) {
+                                                           const char* name, char* out) {
   if (out == nullptr) return -1;
   return qnutil::frame::guard_export(-1, [&] { return search_file(section, key, name, out); });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL QnUtil_MB_SuchePfad(const char* section, const char* key,
-                                                         char* out) {
+                                                          char* out) {
   if (out == nullptr) return -1;
   return qnutil::frame::guard_export(-1, [&] { return search_folder(section, key, out); });
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL QnUtil_MB_IniReadString(const char* file,
-                                                             const char* section,
-                                                             const char* key, char* buf,
-                                                             int* len) {
+extern "C" QNUTIL_API int QNUTIL_CALL QnUtil_MB_IniReadString(const char* file, const char* section,
+                                                              const char* key, char* buf,
+                                                              int* len) {
   if (file == nullptr || buf == nullptr || len == nullptr) return -1;
   return qnutil::frame::guard_export(-1, [&] { return read_string(file, section, key, buf, len); });
 }

@@ -77,8 +77,7 @@ std::string compose_path(const char* base, const char* sub, const char* file) {
   return result;
 }
 
-std::optional<std::string> compose_whole_path(const char* base, const char* sub,
-                                              const char* file) {
+std::optional<std::string> compose_whole_path(const char* base, const char* sub, const char* file) {
   for (const char* piece : {base, sub, file}) {
     if (piece == nullptr) continue;
     PathPieces pieces;

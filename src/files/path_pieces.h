@@ -35,8 +35,7 @@ std::string compose_path(const char* base, const char* sub, const char* file);
 // compose_path for a path that a file is then opened under: nothing when a
 // piece does not fit its buffer or the path does not fit kPathSize, where
 // compose_path would cut them and so name another file.
-std::optional<std::string> compose_whole_path(const char* base, const char* sub,
-                                              const char* file);
+std::optional<std::string> compose_whole_path(const char* base, const char* sub, const char* file);
 
 // Copies `length` bytes of `source` into `target` (`size` bytes), cut to
 // fit and terminated: the fixed buffers of the C interface are the

@@ -85,7 +85,8 @@ extern "C" QNUTIL_API void QNUTIL_CALL QnUtil_SetWriteToLogfile(int enable, cons
       std::string used;
       m.logFile = open_fallback_log(fileName, used);
       if (m.logFile) {
-        notice = format_text(module_string(IDS_LOGFILE_SUBSTITUTED).c_str(), fileName, used.c_str());
+        notice =
+            format_text(module_string(IDS_LOGFILE_SUBSTITUTED).c_str(), fileName, used.c_str());
       } else {
         m.writeToLogfile = 0;
         notice = module_string(IDS_NO_LOGFILE);

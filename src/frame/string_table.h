@@ -11,8 +11,9 @@
 #define IDS_INI_ENTRY_MISSING 5
 
 #define TEXT_NO_CALCULATOR "Keine Verbindung zum Calculator(COM-Objekt)"
-#define TEXT_LOGFILE_SUBSTITUTED \
-  "Die Datei %s konnte nicht als aktuelle Logdatei ge\366ffnet werden. \n\nMeldungen werden in der Datei %s protokolliert!"
+#define TEXT_LOGFILE_SUBSTITUTED                                                                 \
+  "Die Datei %s konnte nicht als aktuelle Logdatei ge\366ffnet werden. \n\nMeldungen werden in " \
+  "der Datei %s protokolliert!"
 #define TEXT_NO_LOGFILE \
   "Es konnte keine Logdatei im Ausf\374hrungsverzeichnis angelegt oder ge\366ffnet werden!"
 #define TEXT_NO_MB_INI "Es konnte keine mb.ini (mb[1-9].ini) gefunden werden!"

@@ -29,8 +29,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawImage(void* image, HDC dc, floa
   return ok(surface.graphics.DrawImage(bitmap, x, y));
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawImage2(void* image, HDC dc, int x1, int y1, int x2, int y2,
-                                                        int x3, int y3) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawImage2(void* image, HDC dc, int x1, int y1, int x2,
+                                                        int y2, int x3, int y3) {
   if (!image) return 0;
   PixelSurface surface(dc, true);
   const Gdiplus::Point corners[3] = {{x1, y1}, {x2, y2}, {x3, y3}};
@@ -40,8 +40,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawImage2(void* image, HDC dc, int
 // The source rectangle is kept exactly as the host's callers know it: the
 // horizontal start scales the bounds' X by a (no effect for bounds at 0),
 // and the source height includes the vertical start.
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawImage3(void* image, HDC dc, float a, float b, float c,
-                                                        float d) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawImage3(void* image, HDC dc, float a, float b,
+                                                        float c, float d) {
   if (!image) return 0;
   Gdiplus::Graphics graphics(dc);
   graphics.Clear(Gdiplus::Color(0xFFFFFFFF));

@@ -20,9 +20,9 @@ const Gdiplus::Color kBlack(0xFF000000);
 
 }  // namespace
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedArc(HDC dc, int x, int y, int w, int h, float cx,
-                                                            float cy, float startAngle, float sweepAngle,
-                                                            float rotation) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedArc(HDC dc, int x, int y, int w, int h,
+                                                            float cx, float cy, float startAngle,
+                                                            float sweepAngle, float rotation) {
   draw_rotated(dc, cx, cy, rotation, [&](Gdiplus::Graphics& graphics) {
     const Gdiplus::Pen pen(kBlack, 1.0f);
     graphics.DrawArc(&pen, x, y, w, h, startAngle, sweepAngle);
@@ -30,18 +30,21 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedArc(HDC dc, int x, int y
   return 1;
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedArcRGB(HDC dc, int x, int y, int w, int h, float cx,
-                                                               float cy, float startAngle, float sweepAngle,
-                                                               float rotation, int lineStyle, float width,
-                                                               int red, int green, int blue) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedArcRGB(HDC dc, int x, int y, int w, int h,
+                                                               float cx, float cy, float startAngle,
+                                                               float sweepAngle, float rotation,
+                                                               int lineStyle, float width, int red,
+                                                               int green, int blue) {
   draw_rotated(dc, cx, cy, rotation, [&](Gdiplus::Graphics& graphics) {
-    graphics.DrawArc(styled_pen(red, green, blue, width, lineStyle).get(), x, y, w, h, startAngle, sweepAngle);
+    graphics.DrawArc(styled_pen(red, green, blue, width, lineStyle).get(), x, y, w, h, startAngle,
+                     sweepAngle);
   });
   return 1;
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedEllipse(HDC dc, int x, int y, int w, int h, float cx,
-                                                                float cy, float rotation) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedEllipse(HDC dc, int x, int y, int w, int h,
+                                                                float cx, float cy,
+                                                                float rotation) {
   draw_rotated(dc, cx, cy, rotation, [&](Gdiplus::Graphics& graphics) {
     const Gdiplus::Pen pen(kBlack, 1.0f);
     graphics.DrawEllipse(&pen, x, y, w, h);
@@ -49,16 +52,16 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedEllipse(HDC dc, int x, i
   return 1;
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedEllipseRGB(HDC dc, int x, int y, int w, int h, float cx,
-                                                                   float cy, float rotation, int lineStyle,
-                                                                   float penWidth, int penRed, int penGreen,
-                                                                   int penBlue, int fillAlpha, int fillStyle,
-                                                                   int fillRed, int fillGreen, int fillBlue) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedEllipseRGB(
+    HDC dc, int x, int y, int w, int h, float cx, float cy, float rotation, int lineStyle,
+    float penWidth, int penRed, int penGreen, int penBlue, int fillAlpha, int fillStyle,
+    int fillRed, int fillGreen, int fillBlue) {
   draw_rotated(dc, cx, cy, rotation, [&](Gdiplus::Graphics& graphics) {
     if (const auto brush = fill_brush(fillStyle, argb(fillAlpha, fillRed, fillGreen, fillBlue))) {
       graphics.FillEllipse(brush.get(), x, y, w, h);
     }
-    graphics.DrawEllipse(styled_pen(penRed, penGreen, penBlue, penWidth, lineStyle).get(), x, y, w, h);
+    graphics.DrawEllipse(styled_pen(penRed, penGreen, penBlue, penWidth, lineStyle).get(), x, y, w,
+                         h);
   });
   return 1;
 }
@@ -66,7 +69,9 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusDrawRotatedEllipseRGB(HDC dc, int x
 namespace {
 
 // The host's POINT records are GDI+ integer points (two 32-bit values).
-const Gdiplus::Point* as_points(const POINT* points) { return reinterpret_cast<const Gdiplus::Point*>(points); }
+const Gdiplus::Point* as_points(const POINT* points) {
+  return reinterpret_cast<const Gdiplus::Point*>(points);
+}
 static_assert(sizeof(POINT) == sizeof(Gdiplus::Point));
 
 Gdiplus::Status fill_polygon(HDC dc, const Gdiplus::Brush& brush, const POINT* points, int count) {
@@ -78,23 +83,23 @@ Gdiplus::Status fill_polygon(HDC dc, const Gdiplus::Brush& brush, const POINT* p
 }  // namespace
 
 // The second argument belongs to the exported signature but is never read.
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusFillPolygon(HDC dc, int, int alpha, int red, int green, int blue,
-                                                         const POINT* points, int count) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusFillPolygon(HDC dc, int, int alpha, int red, int green,
+                                                         int blue, const POINT* points, int count) {
   const Gdiplus::SolidBrush brush(argb(alpha, red, green, blue));
   return fill_polygon(dc, brush, points, count) == Gdiplus::Ok ? 1 : 0;
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusFillPolygonEX(HDC dc, int, int fillStyle, int alpha, int red,
-                                                           int green, int blue, const POINT* points,
-                                                           int count) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusFillPolygonEX(HDC dc, int, int fillStyle, int alpha,
+                                                           int red, int green, int blue,
+                                                           const POINT* points, int count) {
   if (const auto brush = fill_brush(fillStyle, argb(alpha, red, green, blue))) {
     fill_polygon(dc, *brush, points, count);
   }
   return 1;
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusFillRect(HDC dc, int alpha, int red, int green, int blue,
-                                                      int width, int height) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusFillRect(HDC dc, int alpha, int red, int green,
+                                                      int blue, int width, int height) {
   Gdiplus::Graphics graphics(dc);
   const Gdiplus::SolidBrush brush(argb(alpha, red, green, blue));
   return graphics.FillRectangle(&brush, 0, 0, width, height) == Gdiplus::Ok ? 1 : 0;

@@ -26,7 +26,8 @@ Gdiplus::DashStyle dash_style(int line_style) {
 
 }  // namespace
 
-std::unique_ptr<Gdiplus::Pen> styled_pen(int red, int green, int blue, float width, int line_style) {
+std::unique_ptr<Gdiplus::Pen> styled_pen(int red, int green, int blue, float width,
+                                         int line_style) {
   auto pen = std::make_unique<Gdiplus::Pen>(argb(255, red, green, blue), 1.0f);
   pen->SetWidth(width * 10.0f);
   pen->SetDashStyle(dash_style(line_style));
@@ -39,7 +40,8 @@ std::unique_ptr<Gdiplus::Brush> fill_brush(int fill_style, Gdiplus::Color color)
   // Hatches are drawn over white, deliberately, unless the alpha lets the
   // background show through.
   const Gdiplus::Color white(color.GetA(), 255, 255, 255);
-  return std::make_unique<Gdiplus::HatchBrush>(static_cast<Gdiplus::HatchStyle>(fill_style - 2), color, white);
+  return std::make_unique<Gdiplus::HatchBrush>(static_cast<Gdiplus::HatchStyle>(fill_style - 2),
+                                               color, white);
 }
 
 void rotate_about(Gdiplus::Graphics& graphics, float cx, float cy, float degrees) {

@@ -23,8 +23,8 @@ int hand_out(Gdiplus::Bitmap* bitmap, void** image) {
 
 }  // namespace
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusGetBitmapFromBitmapInfo(const struct tagBITMAPINFO* info,
-                                                                     void* bits, void** image) {
+extern "C" QNUTIL_API int QNUTIL_CALL
+gdiPlusGetBitmapFromBitmapInfo(const struct tagBITMAPINFO* info, void* bits, void** image) {
   if (!info) return 0;
   return hand_out(new Gdiplus::Bitmap(info, bits), image);
 }

@@ -12,6 +12,8 @@
 namespace qnutil::gdiplus {
 
 inline Gdiplus::Bitmap* as_bitmap(void* image) { return static_cast<Gdiplus::Bitmap*>(image); }
-inline Gdiplus::Graphics* as_graphics(void* graphics) { return static_cast<Gdiplus::Graphics*>(graphics); }
+inline Gdiplus::Graphics* as_graphics(void* graphics) {
+  return static_cast<Gdiplus::Graphics*>(graphics);
+}
 
 }  // namespace qnutil::gdiplus

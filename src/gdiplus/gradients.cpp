@@ -14,7 +14,8 @@ void set_edge_colour(Gdiplus::PathGradientBrush& brush, COLORREF edge) {
   brush.SetSurroundColors(&colour, &count);
 }
 
-void fill_rectangle(HDC dc, Gdiplus::PathGradientBrush& brush, int x, int y, int width, int height) {
+void fill_rectangle(HDC dc, Gdiplus::PathGradientBrush& brush, int x, int y, int width,
+                    int height) {
   Gdiplus::Graphics graphics(dc);
   graphics.SetPageUnit(Gdiplus::UnitPixel);
   graphics.FillRectangle(&brush, x, y, width, height);
@@ -22,9 +23,11 @@ void fill_rectangle(HDC dc, Gdiplus::PathGradientBrush& brush, int x, int y, int
 
 }  // namespace
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusVerlaufPolygon(HDC dc, const POINT* points, int count, int centerX,
-                                                            int centerY, int x, int y, int width, int height,
-                                                            unsigned long centerColor, unsigned long edgeColor) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusVerlaufPolygon(HDC dc, const POINT* points, int count,
+                                                            int centerX, int centerY, int x, int y,
+                                                            int width, int height,
+                                                            unsigned long centerColor,
+                                                            unsigned long edgeColor) {
   Gdiplus::PathGradientBrush brush(reinterpret_cast<const Gdiplus::Point*>(points), count,
                                    Gdiplus::WrapModeClamp);
   brush.SetCenterPoint(Gdiplus::Point(centerX, centerY));
@@ -34,8 +37,9 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusVerlaufPolygon(HDC dc, const POINT*
   return 1;
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusVerlaufRechteck(HDC dc, int x, int y, int width, int height,
-                                                             unsigned long centerColor, unsigned long edgeColor) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusVerlaufRechteck(HDC dc, int x, int y, int width,
+                                                             int height, unsigned long centerColor,
+                                                             unsigned long edgeColor) {
   Gdiplus::GraphicsPath path;
   path.AddRectangle(Gdiplus::Rect(x, y, width, height));
   Gdiplus::PathGradientBrush brush(&path);

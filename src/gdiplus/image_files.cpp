@@ -104,7 +104,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusScreen(void) {
   qnutil::frame::guard_export_void([&] {
     void* image = nullptr;
     if (gdiPlusGetBitmapFromHBitmap(bitmap, &image) != 1) return;
-    const std::string path = (std::filesystem::temp_directory_path() / "qnutil-screen.bmp").string();
+    const std::string path =
+        (std::filesystem::temp_directory_path() / "qnutil-screen.bmp").string();
     gdiPlusSaveImage(image, path.c_str(), 0);
     gdiPlusFreeImage(image);
   });

@@ -4,9 +4,10 @@
 
 namespace qnutil::gdiplus {
 
-Gdiplus::Bitmap* owned_copy(BYTE* scan0, int width, int height, int stride, Gdiplus::PixelFormat format,
-                            Backdrop backdrop) {
-  const std::unique_ptr<Gdiplus::Bitmap> borrowed{new Gdiplus::Bitmap(width, height, stride, format, scan0)};
+Gdiplus::Bitmap* owned_copy(BYTE* scan0, int width, int height, int stride,
+                            Gdiplus::PixelFormat format, Backdrop backdrop) {
+  const std::unique_ptr<Gdiplus::Bitmap> borrowed{
+      new Gdiplus::Bitmap(width, height, stride, format, scan0)};
   if (!borrowed || borrowed->GetLastStatus() != Gdiplus::Ok) return nullptr;
   auto* owned = new Gdiplus::Bitmap(width, height, format);
   if (!owned) return nullptr;

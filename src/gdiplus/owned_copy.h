@@ -12,7 +12,7 @@ enum class Backdrop { kNone, kWhitePixels };
 // A new bitmap of the same size and format holding a copy of the
 // width x height pixels at scan0 (stride bytes per row, top-down), or null
 // when the pixels cannot be wrapped. scan0 may be freed afterwards.
-Gdiplus::Bitmap* owned_copy(BYTE* scan0, int width, int height, int stride, Gdiplus::PixelFormat format,
-                            Backdrop backdrop);
+Gdiplus::Bitmap* owned_copy(BYTE* scan0, int width, int height, int stride,
+                            Gdiplus::PixelFormat format, Backdrop backdrop);
 
 }  // namespace qnutil::gdiplus

@@ -48,8 +48,8 @@ Gdiplus::PixelFormat format_for_mode(int mode) {
   return mode == 1 ? PixelFormat32bppRGB : PixelFormat32bppARGB;
 }
 
-int white_keyed(const BYTE* bits, int width, int height, std::size_t source_row, std::size_t target_row,
-                BYTE alpha, int useAlpha, void** image) {
+int white_keyed(const BYTE* bits, int width, int height, std::size_t source_row,
+                std::size_t target_row, BYTE alpha, int useAlpha, void** image) {
   // The per-pixel copy always steps four bytes, whatever the row lengths.
   std::vector<BYTE> target =
       flip_rows(bits, width, height, source_row, 4, target_row, [alpha](const BYTE* in, BYTE* out) {
@@ -64,16 +64,19 @@ int white_keyed(const BYTE* bits, int width, int height, std::size_t source_row,
 
 }  // namespace
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusGetBitmap24BPPRGB(int width, int height, int stride, int,
-                                                               unsigned char* bits, void** image) {
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusGetBitmap24BPPRGB(int width, int height, int stride,
+                                                               int, unsigned char* bits,
+                                                               void** image) {
   if (!bits || !valid_size(width, height)) return 0;
   return guard_export(0, [&] {
-    return hand_out(owned_copy(bits, width, height, stride, PixelFormat24bppRGB, Backdrop::kNone), image);
+    return hand_out(owned_copy(bits, width, height, stride, PixelFormat24bppRGB, Backdrop::kNone),
+                    image);
   });
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusBitmapFromBits(unsigned char* bits, int width, int height,
-                                                            int srcBytesPerPixel, int dstBytesPerPixel,
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusBitmapFromBits(unsigned char* bits, int width,
+                                                            int height, int srcBytesPerPixel,
+                                                            int dstBytesPerPixel,
                                                             unsigned char alpha, int useAlpha,
                                                             void** image) {
   if (!bits || !valid_size(width, height) || srcBytesPerPixel < 4 || dstBytesPerPixel < 4) return 0;
@@ -86,11 +89,13 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusBitmapFromBits(unsigned char* bits,
 
 extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusBitmapFromRamStruct(const RamStruct* ram, int alpha,
                                                                  int useAlpha, void** image) {
-  if (!ram || !ram->bits || !valid_size(ram->width, ram->height) || ram->bytesPerPixel < 4) return 0;
+  if (!ram || !ram->bits || !valid_size(ram->width, ram->height) || ram->bytesPerPixel < 4)
+    return 0;
   return guard_export(0, [&] {
-    const std::size_t row = static_cast<std::size_t>(ram->width) * static_cast<std::size_t>(ram->bytesPerPixel);
-    return white_keyed(ram->bits, ram->width, ram->height, row, row, static_cast<BYTE>(alpha), useAlpha,
-                       image);
+    const std::size_t row =
+        static_cast<std::size_t>(ram->width) * static_cast<std::size_t>(ram->bytesPerPixel);
+    return white_keyed(ram->bits, ram->width, ram->height, row, row, static_cast<BYTE>(alpha),
+                       useAlpha, image);
   });
 }
 
@@ -104,24 +109,30 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusGetBitmap(int width, int height, in
     for (int y = 0; y < height; ++y) {
       const BYTE* in = bits + row * static_cast<std::size_t>(y);
       BYTE* out = target.data() + row * static_cast<std::size_t>(y);
-      for (int x = 0; x < width; ++x, in += 4, out += 4) out[0] = in[0], out[1] = in[1], out[2] = in[2], out[3] = 255;
+      for (int x = 0; x < width; ++x, in += 4, out += 4)
+        out[0] = in[0], out[1] = in[1], out[2] = in[2], out[3] = 255;
     }
-    return hand_out(owned_copy(target.data(), width, height, stride, format_for_mode(mode), Backdrop::kNone),
-                    image);
+    return hand_out(
+        owned_copy(target.data(), width, height, stride, format_for_mode(mode), Backdrop::kNone),
+        image);
   });
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusGetBitmapEx(int width, int height, int srcStride, int dstStride,
-                                                         int mode, unsigned char alpha, unsigned char* bits,
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusGetBitmapEx(int width, int height, int srcStride,
+                                                         int dstStride, int mode,
+                                                         unsigned char alpha, unsigned char* bits,
                                                          void** image) {
   if (mode == 0) return gdiPlusGetBitmap24BPPRGB(width, height, srcStride, 0, bits, image);
-  if (!bits || !valid_size(width, height) || srcStride < width * 3 || dstStride < width * 4) return 0;
+  if (!bits || !valid_size(width, height) || srcStride < width * 3 || dstStride < width * 4)
+    return 0;
   return guard_export(0, [&] {
-    std::vector<BYTE> target = flip_rows(bits, width, height, static_cast<std::size_t>(srcStride), 3,
-                                         static_cast<std::size_t>(dstStride), [alpha](const BYTE* in, BYTE* out) {
-                                           out[0] = in[0], out[1] = in[1], out[2] = in[2], out[3] = alpha;
-                                         });
-    return hand_out(owned_copy(target.data(), width, height, dstStride, format_for_mode(mode), Backdrop::kNone),
-                    image);
+    std::vector<BYTE> target =
+        flip_rows(bits, width, height, static_cast<std::size_t>(srcStride), 3,
+                  static_cast<std::size_t>(dstStride), [alpha](const BYTE* in, BYTE* out) {
+                    out[0] = in[0], out[1] = in[1], out[2] = in[2], out[3] = alpha;
+                  });
+    return hand_out(
+        owned_copy(target.data(), width, height, dstStride, format_for_mode(mode), Backdrop::kNone),
+        image);
   });
 }

@@ -56,7 +56,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusSetOrigin(void* graphics, float dx,
   return 1;
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusClearGraphics(HDC dc, unsigned char red, unsigned char green,
+extern "C" QNUTIL_API int QNUTIL_CALL gdiPlusClearGraphics(HDC dc, unsigned char red,
+                                                           unsigned char green,
                                                            unsigned char blue) {
   Gdiplus::Graphics graphics(dc);
   return graphics.Clear(Gdiplus::Color(255, red, green, blue)) == Gdiplus::Ok ? 1 : 0;

@@ -27,8 +27,7 @@ double qnutil_ini_read_double(const char* file, const char* section, const char*
 int qnutil_ini_write_string(const char* file, const char* section, const char* key,
                             const char* value);
 int qnutil_ini_write_int(const char* file, const char* section, const char* key, int value);
-int qnutil_ini_write_double(const char* file, const char* section, const char* key,
-                            double value);
+int qnutil_ini_write_double(const char* file, const char* section, const char* key, double value);
 
 /* Sets a string of the calling class's own kind to text. */
 typedef void (*QnUtilAssignText)(void* string, const char* text);

@@ -22,7 +22,7 @@ using qnutil::ini::kMissingMarker;
 extern "C" unsigned qnutil_ini_read_string(const char* file, const char* section, const char* key,
                                            char* value) {
   const auto length = qnutil::ini::read_profile_string(section, key, kMissingMarker, value,
-                                                            QNUTIL_INI_VALUE_BUFFER_SIZE, file);
+                                                       QNUTIL_INI_VALUE_BUFFER_SIZE, file);
   // The platform reports 0 characters for a key present with an empty value.
   if (length == 0) value[0] = '\0';
   return static_cast<unsigned>(length);

@@ -90,7 +90,8 @@ void IniText::index_line(std::uint32_t begin, std::uint32_t end, std::uint32_t n
   if (data[p] == '[') {
     std::uint32_t name_begin = p + 1;
     const void* close = std::memchr(data + name_begin, ']', end - name_begin);
-    std::uint32_t name_end = close ? static_cast<std::uint32_t>(static_cast<const char*>(close) - data) : end;
+    std::uint32_t name_end =
+        close ? static_cast<std::uint32_t>(static_cast<const char*>(close) - data) : end;
     while (name_begin < name_end && is_blank(data[name_begin])) ++name_begin;
     name_end = trim_end(name_begin, name_end);
     const auto entry_index = static_cast<std::uint32_t>(entries_.size());

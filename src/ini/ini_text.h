@@ -31,9 +31,9 @@ bool names_equal(std::string_view a, std::string_view b);
 std::string_view trim_spaces(std::string_view name);
 
 struct IniEntry {
-  std::uint32_t line_begin;   // first byte of the line
-  std::uint32_t line_end;     // end of the line's text, before its break
-  std::uint32_t next_line;    // first byte after the line break
+  std::uint32_t line_begin;  // first byte of the line
+  std::uint32_t line_end;    // end of the line's text, before its break
+  std::uint32_t next_line;   // first byte after the line break
   std::uint32_t key_begin, key_end;
   std::uint32_t value_begin, value_end;  // trimmed value; empty for bare entries
   bool has_value;                        // false for a bare entry (no '=')

@@ -26,8 +26,7 @@ class MaterialFile {
   // default is "".
   std::string read(const std::string& section, const char* key, const char* fallback) const {
     char buffer[kValueBufferSize];
-    qnutil::ini::read_profile_string(section.c_str(), key, fallback, buffer, sizeof buffer,
-                                          path_);
+    qnutil::ini::read_profile_string(section.c_str(), key, fallback, buffer, sizeof buffer, path_);
     return buffer;
   }
 
@@ -151,7 +150,7 @@ int write_material(const char* path, const std::string& name, const char* test_t
   }
   write(kMaterialSection, kNameKey, name);
   auto number = [](float value) { return format_text("%lg", static_cast<double>(value)); };
-  auto colour = [](const float (&rgb)[3]) {
+  auto colour = [](const float(&rgb)[3]) {
     return format_text("%lg,%lg,%lg", static_cast<double>(rgb[0]), static_cast<double>(rgb[1]),
                        static_cast<double>(rgb[2]));
   };

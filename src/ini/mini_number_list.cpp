@@ -12,7 +12,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_read_doubles(MiniHandle handle, const
   // A capacity below 1 would have the first number stored out of bounds.
   if (!handle || !section || !key || !out || !count || *count < 1) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
-    const std::string value = qnutil::ini::read_value_or_marker(qnutil_mini_path(handle), section, key);
+    const std::string value =
+        qnutil::ini::read_value_or_marker(qnutil_mini_path(handle), section, key);
     if (value.empty() || value == qnutil::ini::kMissingMarker) return QNUTIL_FAILED;
     const int stored = qnutil::ini::parse_number_list(value.c_str(), out, *count);
     if (stored < 0) return QNUTIL_FAILED;

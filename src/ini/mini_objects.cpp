@@ -16,9 +16,8 @@ struct MiniFile {
 }  // namespace
 
 extern "C" MiniHandle qnutil_mini_create(const char* path, unsigned) {
-  return qnutil::frame::guard_export<MiniHandle>(nullptr, [&] {
-    return reinterpret_cast<MiniHandle>(new (std::nothrow) MiniFile{path});
-  });
+  return qnutil::frame::guard_export<MiniHandle>(
+      nullptr, [&] { return reinterpret_cast<MiniHandle>(new (std::nothrow) MiniFile{path}); });
 }
 
 extern "C" const char* qnutil_mini_path(MiniHandle handle) {

@@ -7,7 +7,8 @@
 #include "platform/settings_file.h"
 
 // The path QnUtil_Makepath composes, refused where it would be cut.
-extern "C" QNUTIL_API MiniHandle QNUTIL_CALL mini_open(const char* dir, const char* name, int mode) {
+extern "C" QNUTIL_API MiniHandle QNUTIL_CALL mini_open(const char* dir, const char* name,
+                                                       int mode) {
   const std::optional<std::string> path = qnutil::files::compose_whole_path("", dir, name);
   return path ? mini_open_ex(path->c_str(), mode) : nullptr;
 }
@@ -15,8 +16,8 @@ extern "C" QNUTIL_API MiniHandle QNUTIL_CALL mini_open(const char* dir, const ch
 extern "C" QNUTIL_API MiniHandle QNUTIL_CALL mini_open_ex(const char* path, int mode) {
   if (!path || !*path) return nullptr;
   const bool for_reading = (mode & QNUTIL_MINI_READ) != 0;
-  const bool accessible = for_reading ? qnutil::platform::can_read_file(path)
-                                      : qnutil::platform::can_write_file(path);
+  const bool accessible =
+      for_reading ? qnutil::platform::can_read_file(path) : qnutil::platform::can_write_file(path);
   if (!accessible) return nullptr;
   return qnutil_mini_create(path, for_reading ? 0u : 1u);
 }

@@ -30,7 +30,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_read_long(MiniHandle handle, const ch
                                                      const char* key, long* out) {
   if (!handle || !section || !key || !out) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
-    const std::string value = qnutil::ini::read_value_or_marker(qnutil_mini_path(handle), section, key);
+    const std::string value =
+        qnutil::ini::read_value_or_marker(qnutil_mini_path(handle), section, key);
     if (is_missing(value)) return QNUTIL_FAILED;
     *out = to_long32(value.c_str());
     return QNUTIL_OK;
@@ -49,10 +50,12 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_read_double(MiniHandle handle, const 
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_read_string(MiniHandle handle, const char* section,
-                                                       const char* key, char* buf, unsigned int* len) {
+                                                       const char* key, char* buf,
+                                                       unsigned int* len) {
   if (!handle || !section || !key || !buf || !len) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
-    const std::string value = qnutil::ini::read_value_or_marker(qnutil_mini_path(handle), section, key);
+    const std::string value =
+        qnutil::ini::read_value_or_marker(qnutil_mini_path(handle), section, key);
     if (is_missing(value)) return QNUTIL_FAILED;
     if (value.size() >= *len) {
       qnutil::ini::copy_multibyte_bytes(buf, value.c_str(), *len);
@@ -80,7 +83,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_write_double(MiniHandle handle, const
   if (!handle || !section || !key) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
     return qnutil_ini_write_double(qnutil_mini_path(handle), section, key, value) ? QNUTIL_OK
-                                                                                : QNUTIL_FAILED;
+                                                                                  : QNUTIL_FAILED;
   });
 }
 
@@ -89,6 +92,6 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_write_string(MiniHandle handle, const
   if (!handle || !section || !key || !value) return QNUTIL_FAILED;
   return guard_export(QNUTIL_FAILED, [&] {
     return qnutil_ini_write_string(qnutil_mini_path(handle), section, key, value) ? QNUTIL_OK
-                                                                                : QNUTIL_FAILED;
+                                                                                  : QNUTIL_FAILED;
   });
 }

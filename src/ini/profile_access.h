@@ -17,12 +17,14 @@ std::uint32_t read_profile_string(const char* section, const char* key, const ch
 
 // Reads the leading decimal integer of a value; `fallback` when the value
 // is missing or empty.
-std::uint32_t read_profile_int(const char* section, const char* key, int fallback, const char* file);
+std::uint32_t read_profile_int(const char* section, const char* key, int fallback,
+                               const char* file);
 
 // Writes `value` under `key` in `section`, creating the file, section or
 // key as needed; a null `value` deletes the key, a null `key` the section.
 // True on success.
-bool write_profile_string(const char* section, const char* key, const char* value, const char* file);
+bool write_profile_string(const char* section, const char* key, const char* value,
+                          const char* file);
 
 // Drops any cached copy of `file`, so that the next call reads the disk.
 void flush_profile_cache(const char* file);

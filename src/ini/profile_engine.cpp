@@ -36,8 +36,8 @@ std::optional<std::string> read_whole_file(const char* path, std::uint64_t expec
 class ParsedFileCache {
  public:
   struct Loaded {
-    bool exists = false;                   // a regular file is there
-    std::shared_ptr<const IniText> text;   // null when it could not be read
+    bool exists = false;                  // a regular file is there
+    std::shared_ptr<const IniText> text;  // null when it could not be read
   };
 
   Loaded load(const char* path) {
@@ -101,15 +101,18 @@ ParsedFileCache::Loaded load_for_reading(const char* file) {
 std::uint32_t profile_get_string(const char* section, const char* key, const char* fallback,
                                  char* buffer, std::uint32_t size, const char* file) {
   std::lock_guard lock(profile_lock);
-  return query_profile_string(load_for_reading(file).text.get(), section, key, fallback, buffer, size);
+  return query_profile_string(load_for_reading(file).text.get(), section, key, fallback, buffer,
+                              size);
 }
 
-std::uint32_t profile_get_int(const char* section, const char* key, int fallback, const char* file) {
+std::uint32_t profile_get_int(const char* section, const char* key, int fallback,
+                              const char* file) {
   std::lock_guard lock(profile_lock);
   return query_profile_int(load_for_reading(file).text.get(), section, key, fallback);
 }
 
-bool profile_write_string(const char* section, const char* key, const char* value, const char* file) {
+bool profile_write_string(const char* section, const char* key, const char* value,
+                          const char* file) {
   if (!has_path(file)) return false;
   std::lock_guard lock(profile_lock);
   if (!section) {

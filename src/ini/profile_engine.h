@@ -23,6 +23,7 @@ std::uint32_t profile_get_int(const char* section, const char* key, int fallback
 
 // WritePrivateProfileStringA: a null value deletes the key, a null key the
 // section; all three null drop the cached copy of `file` and return false.
-bool profile_write_string(const char* section, const char* key, const char* value, const char* file);
+bool profile_write_string(const char* section, const char* key, const char* value,
+                          const char* file);
 
 }  // namespace qnutil::ini

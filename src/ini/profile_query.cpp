@@ -84,7 +84,8 @@ std::uint32_t copy_list(const std::string& list, char* buffer, std::uint32_t siz
 
 }  // namespace
 
-std::optional<std::string_view> find_profile_value(const IniText* text, std::string_view section_name,
+std::optional<std::string_view> find_profile_value(const IniText* text,
+                                                   std::string_view section_name,
                                                    std::string_view key) {
   if (!text) return std::nullopt;
   const IniSection* section = text->find_section(trim_spaces(section_name));

@@ -28,7 +28,9 @@ void put_colour(double* out, std::uint32_t colour) {
 }
 
 std::int32_t integer_from(double value) { return static_cast<std::int32_t>(QnUtil_LRound(value)); }
-std::uint8_t byte_from(double value) { return static_cast<std::uint8_t>(integer_from(value) & 0xFF); }
+std::uint8_t byte_from(double value) {
+  return static_cast<std::uint8_t>(integer_from(value) & 0xFF);
+}
 std::int32_t flag_from(double value) { return std::fabs(value) >= 0.0001 ? 1 : 0; }
 
 std::uint32_t colour_from(const double* in) {
@@ -46,7 +48,8 @@ bool read_numbers(MiniHandle handle, const char* section, const char* key, doubl
 }
 
 template <int N>
-int write_numbers(MiniHandle handle, const char* section, const char* key, const double (&values)[N]) {
+int write_numbers(MiniHandle handle, const char* section, const char* key,
+                  const double (&values)[N]) {
   return mini_write_doubles(handle, section, key, values, N);
 }
 
@@ -101,7 +104,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_read_fillstyle(MiniHandle handle, con
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_write_fillstyle(MiniHandle handle, const char* section,
-                                                           const char* key, const FillStyleRec* style) {
+                                                           const char* key,
+                                                           const FillStyleRec* style) {
   if (!handle || !section || !key || !style) return QNUTIL_FAILED;
   double values[kFillNumbers];
   fill_to_numbers(*style, values);
@@ -109,7 +113,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_write_fillstyle(MiniHandle handle, co
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_read_fillstyle_ex(MiniHandle handle, const char* section,
-                                                             const char* key, FillStyleExRec* style) {
+                                                             const char* key,
+                                                             FillStyleExRec* style) {
   if (!style || mini_read_fillstyle(handle, section, key, &style->fill) != QNUTIL_OK) {
     return QNUTIL_FAILED;
   }
@@ -128,8 +133,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_read_fillstyle_ex(MiniHandle handle, 
   });
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL mini_write_fillstyle_ex(MiniHandle handle, const char* section,
-                                                              const char* key,
+extern "C" QNUTIL_API int QNUTIL_CALL mini_write_fillstyle_ex(MiniHandle handle,
+                                                              const char* section, const char* key,
                                                               const FillStyleExRec* style) {
   if (!style || mini_write_fillstyle(handle, section, key, &style->fill) != QNUTIL_OK) {
     return QNUTIL_FAILED;
@@ -161,7 +166,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_write_penstyle(MiniHandle handle, con
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_write_penstyleEX(MiniHandle handle, const char* section,
-                                                            const char* key, const PenStyleRec* pen) {
+                                                            const char* key,
+                                                            const PenStyleRec* pen) {
   return write_pen(handle, section, key, pen, 255.0);
 }
 
@@ -180,7 +186,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL mini_read_texprops(MiniHandle handle, cons
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL mini_write_texprops(MiniHandle handle, const char* section,
-                                                          const char* key, const TexPropsRec* props) {
+                                                          const char* key,
+                                                          const TexPropsRec* props) {
   if (!handle || !section || !key || !props) return QNUTIL_FAILED;
   double values[kTexNumbers];
   values[0] = props->enabled ? 1.0 : 0.0;

@@ -63,7 +63,9 @@ std::u16string codec_utf8_to_utf16(std::string_view utf8) {
   std::u16string out;
   out.reserve(utf8.size());
   const std::size_t end = utf8.size();  // index of the (virtual) terminator
-  const auto byte_at = [&](std::size_t i) { return i < end ? static_cast<unsigned char>(utf8[i]) : 0; };
+  const auto byte_at = [&](std::size_t i) {
+    return i < end ? static_cast<unsigned char>(utf8[i]) : 0;
+  };
   std::size_t i = 0;
   while (i < end) {
     const unsigned char lead = byte_at(i++);

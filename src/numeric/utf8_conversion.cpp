@@ -25,8 +25,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL ConvertFromUTF8(const char* utf8, char* ou
 extern "C" QNUTIL_API int QNUTIL_CALL ConvertToUTF8(const char* text, char* out) {
   if (!text || !out) return 0;
   return guard_export(0, [&] {
-    const std::string utf8 =
-        qnutil::numeric::utf16_to_utf8(qnutil::numeric::ansi_to_utf16(text));
+    const std::string utf8 = qnutil::numeric::utf16_to_utf8(qnutil::numeric::ansi_to_utf16(text));
     if (utf8.empty()) return 0;
     std::memcpy(out, utf8.data(), utf8.size());
     out[utf8.size()] = '\0';

@@ -14,8 +14,8 @@ struct FoundEntry {
   bool hidden = false;
   bool system = false;
   bool archive = false;
-  std::uint32_t size = 0;      // low 32 bits
-  std::int64_t mtime = -1;     // seconds since 1970 UTC; -1 when unknown
+  std::uint32_t size = 0;   // low 32 bits
+  std::int64_t mtime = -1;  // seconds since 1970 UTC; -1 when unknown
 };
 
 // One open search, entries in the order the file system yields them

@@ -10,11 +10,11 @@ namespace qnutil::platform {
 bool set_process_dpi_awareness(int awareness, int& result, bool& scaling_available);
 
 struct DesktopFacts {
-  int device_width = 0;   // resolution of the desktop device in pixels
+  int device_width = 0;  // resolution of the desktop device in pixels
   int device_height = 0;
-  int window_right = 0;   // desktop window rectangle
+  int window_right = 0;  // desktop window rectangle
   int window_bottom = 0;
-  int scale_factor = 0;   // per cent of the primary device; 0 if unknown
+  int scale_factor = 0;  // per cent of the primary device; 0 if unknown
 };
 // Reads the desktop's facts; the scale factor only when `with_scaling`.
 // False where there is no display (POSIX).

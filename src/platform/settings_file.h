@@ -24,5 +24,4 @@ std::optional<FileStamp> settings_file_stamp(const char* path);
 bool can_read_file(const char* path);
 bool can_write_file(const char* path);
 
-
 }  // namespace qnutil::platform

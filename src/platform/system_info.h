@@ -10,9 +10,9 @@ namespace qnutil::platform {
 bool os_version(unsigned& major, unsigned& minor);
 
 enum class BaseFolder {
-  caller,     // the caller's own base folder is used
-  system,     // `folder` holds the system's common application-data folder
-  unavailable // the system folder was required but could not be queried
+  caller,      // the caller's own base folder is used
+  system,      // `folder` holds the system's common application-data folder
+  unavailable  // the system folder was required but could not be queried
 };
 // Where the host's program-data folder lives on this version. Windows 5.0
 // to 5.2 and 6.0 keep it below the common application-data folder; later

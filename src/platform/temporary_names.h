@@ -32,9 +32,11 @@ std::uint32_t temporary_writer(const std::string& entry, const std::string& name
   for (std::size_t i = 0; i < suffix.size(); ++i) {
     if (!same(entry[entry.size() - suffix.size() + i], suffix[i])) return 0;
   }
-  const std::string numbers = entry.substr(prefix.size(), entry.size() - prefix.size() - suffix.size());
+  const std::string numbers =
+      entry.substr(prefix.size(), entry.size() - prefix.size() - suffix.size());
   const std::size_t dash = numbers.find('-');
-  if (dash == 0 || dash == std::string::npos || numbers.find_first_not_of("0123456789-") != std::string::npos) {
+  if (dash == 0 || dash == std::string::npos ||
+      numbers.find_first_not_of("0123456789-") != std::string::npos) {
     return 0;
   }
   return static_cast<std::uint32_t>(std::stoul(numbers.substr(0, dash)));

@@ -38,7 +38,8 @@ void for_each_pixel_inside(Byte* image, std::int32_t imageRowBytes, const PSFilt
   const int planes = tile.planes();
   for (int y = top; y < bottom; ++y) {
     Byte* pixel = image + static_cast<std::ptrdiff_t>(y) * imageRowBytes + left * kBytesPerPixel;
-    std::uint8_t* bytes = buffer + static_cast<std::ptrdiff_t>(y - tile.rect.top) * tile.row_bytes() +
+    std::uint8_t* bytes = buffer +
+                          static_cast<std::ptrdiff_t>(y - tile.rect.top) * tile.row_bytes() +
                           (left - tile.rect.left) * planes;
     for (int x = left; x < right; ++x, pixel += kBytesPerPixel, bytes += planes) copy(pixel, bytes);
   }
@@ -50,17 +51,21 @@ void* read_tile(const std::uint8_t* image, std::int32_t imageRowBytes, const PSF
   auto* buffer = static_cast<std::uint8_t*>(
       std::calloc(static_cast<std::size_t>(tile.rect.bottom - tile.rect.top), tile.row_bytes()));
   if (!buffer) return nullptr;
-  for_each_pixel_inside(image, imageRowBytes, run, tile, buffer, [&](const std::uint8_t* pixel, std::uint8_t* bytes) {
-    for (int plane = tile.lo; plane <= tile.hi; ++plane) bytes[plane - tile.lo] = pixel[kPlaneByte[plane]];
-  });
+  for_each_pixel_inside(image, imageRowBytes, run, tile, buffer,
+                        [&](const std::uint8_t* pixel, std::uint8_t* bytes) {
+                          for (int plane = tile.lo; plane <= tile.hi; ++plane)
+                            bytes[plane - tile.lo] = pixel[kPlaneByte[plane]];
+                        });
   return buffer;
 }
 
-void write_tile(std::uint8_t* image, std::int32_t imageRowBytes, const PSFilter_::Run& run, const Tile& tile,
-                std::uint8_t* buffer) {
-  for_each_pixel_inside(image, imageRowBytes, run, tile, buffer, [&](std::uint8_t* pixel, const std::uint8_t* bytes) {
-    for (int plane = tile.lo; plane <= tile.hi; ++plane) pixel[kPlaneByte[plane]] = bytes[plane - tile.lo];
-  });
+void write_tile(std::uint8_t* image, std::int32_t imageRowBytes, const PSFilter_::Run& run,
+                const Tile& tile, std::uint8_t* buffer) {
+  for_each_pixel_inside(image, imageRowBytes, run, tile, buffer,
+                        [&](std::uint8_t* pixel, const std::uint8_t* bytes) {
+                          for (int plane = tile.lo; plane <= tile.hi; ++plane)
+                            pixel[kPlaneByte[plane]] = bytes[plane - tile.lo];
+                        });
 }
 
 }  // namespace
@@ -72,7 +77,8 @@ OSErr advance_state(PSFilter_& filter) {
   record.inData = nullptr;
   if (record.outData) {
     const Tile saved{run.saved_out_rect, run.saved_out_lo_plane, run.saved_out_hi_plane};
-    write_tile(run.destination, run.source_row_bytes, run, saved, static_cast<std::uint8_t*>(record.outData));
+    write_tile(run.destination, run.source_row_bytes, run, saved,
+               static_cast<std::uint8_t*>(record.outData));
     std::free(record.outData);
     record.outData = nullptr;
   }

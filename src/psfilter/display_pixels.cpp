@@ -25,7 +25,8 @@ int bits_per_pixel(std::int32_t imageMode) {
   return 0;  // no DIB can be made, nothing is drawn
 }
 
-void copy_rows(const PSPixelMap& source, const VRect& rect, int width, int rows, std::uint8_t* dib, int dibRowBytes) {
+void copy_rows(const PSPixelMap& source, const VRect& rect, int width, int rows, std::uint8_t* dib,
+               int dibRowBytes) {
   const auto* base = static_cast<const std::uint8_t*>(source.baseAddr);
   for (int row = 0; row < rows; ++row) {
     const std::uint8_t* from = base + static_cast<std::ptrdiff_t>(row) * source.rowBytes;
@@ -44,9 +45,10 @@ void copy_rows(const PSPixelMap& source, const VRect& rect, int width, int rows,
 
 }  // namespace
 
-OSErr display_pixels(const PSPixelMap* source, const VRect* srcRect, std::int32_t dstRow, std::int32_t dstCol,
-                     void* platformContext) noexcept {
-  if (!platformContext || !source || !srcRect || source->rowBytes == 0 || !source->baseAddr) return filterBadParameters;
+OSErr display_pixels(const PSPixelMap* source, const VRect* srcRect, std::int32_t dstRow,
+                     std::int32_t dstCol, void* platformContext) noexcept {
+  if (!platformContext || !source || !srcRect || source->rowBytes == 0 || !source->baseAddr)
+    return filterBadParameters;
   const int width = srcRect->right - srcRect->left;
   const int rows = srcRect->bottom - srcRect->top;
   const int bits = bits_per_pixel(source->imageMode);
@@ -64,7 +66,8 @@ OSErr display_pixels(const PSPixelMap* source, const VRect* srcRect, std::int32_
 
   auto device = static_cast<HDC>(platformContext);
   void* pixels = nullptr;
-  HBITMAP dib = CreateDIBSection(device, reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS, &pixels, nullptr, 0);
+  HBITMAP dib = CreateDIBSection(device, reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS,
+                                 &pixels, nullptr, 0);
   if (!dib || !pixels) {
     if (dib) DeleteObject(dib);
     return noErr;

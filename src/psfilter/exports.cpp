@@ -38,8 +38,9 @@ struct CurrentFilter {
 
 }  // namespace
 
-extern "C" QNUTIL_API bool QNUTIL_CALL AVGetPSFilterAndInfo(const char* path, char** category, char** name,
-                                                            PSFilter_** filter, std::int32_t* error) {
+extern "C" QNUTIL_API bool QNUTIL_CALL AVGetPSFilterAndInfo(const char* path, char** category,
+                                                            char** name, PSFilter_** filter,
+                                                            std::int32_t* error) {
   if (category) *category = nullptr;
   if (name) *name = nullptr;
   if (error) *error = kLoadFailed;
@@ -83,7 +84,8 @@ extern "C" QNUTIL_API bool QNUTIL_CALL AVFreeGotPSFilterImage(unsigned char** im
   return true;
 }
 
-extern "C" QNUTIL_API bool QNUTIL_CALL AVPSFilterCanDoLastFilter(PSFilter_* filter, bool* canRepeat) {
+extern "C" QNUTIL_API bool QNUTIL_CALL AVPSFilterCanDoLastFilter(PSFilter_* filter,
+                                                                 bool* canRepeat) {
   if (!filter || !canRepeat) return false;
   *canRepeat = filter->last_parameters != nullptr;
   return true;
@@ -91,18 +93,18 @@ extern "C" QNUTIL_API bool QNUTIL_CALL AVPSFilterCanDoLastFilter(PSFilter_* filt
 
 extern "C" QNUTIL_API bool QNUTIL_CALL AVGetPSFilterEntryName(PSFilter_* filter, char* buffer,
                                                               std::int32_t size) {
-  if (!filter || !buffer || size <= 0 || filter->entry_name.size() >= static_cast<std::size_t>(size))
+  if (!filter || !buffer || size <= 0 ||
+      filter->entry_name.size() >= static_cast<std::size_t>(size))
     return false;
   filter->entry_name.copy(buffer, filter->entry_name.size());
   buffer[filter->entry_name.size()] = '\0';
   return true;
 }
 
-extern "C" QNUTIL_API bool QNUTIL_CALL AVApplyPSFilter(PSFilter_* filter, bool repeatLast,
-                                                       AVPSFilterProgressProc progress, std::int32_t userValue,
-                                                       const unsigned char* bits, std::int32_t width,
-                                                       std::int32_t height, std::int32_t rowBytes,
-                                                       unsigned char** resultImage, std::int32_t* result) {
+extern "C" QNUTIL_API bool QNUTIL_CALL AVApplyPSFilter(
+    PSFilter_* filter, bool repeatLast, AVPSFilterProgressProc progress, std::int32_t userValue,
+    const unsigned char* bits, std::int32_t width, std::int32_t height, std::int32_t rowBytes,
+    unsigned char** resultImage, std::int32_t* result) {
   std::int32_t status = kLoadFailed;
   if (filter && resultImage) {
     const CurrentFilter current(filter);

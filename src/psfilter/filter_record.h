@@ -146,8 +146,9 @@ using TestAbortProc = Boolean (*)();
 using ProgressProc = void (*)(std::int32_t done, std::int32_t total);
 using HostProc = void (*)(std::int16_t selector, std::intptr_t* data);
 using ProcessEventProc = void (*)(void* event);
-using DisplayPixelsProc = OSErr (*)(const PSPixelMap* source, const VRect* srcRect, std::int32_t dstRow,
-                                    std::int32_t dstCol, void* platformContext);
+using DisplayPixelsProc = OSErr (*)(const PSPixelMap* source, const VRect* srcRect,
+                                    std::int32_t dstRow, std::int32_t dstCol,
+                                    void* platformContext);
 using AdvanceStateProc = OSErr (*)();
 
 // The parameter block handed to every selector. Laid out with 4-byte packing

@@ -151,7 +151,8 @@ QNUTIL_ASSERT_SIZE(FilterRecord, 488, 608);
 // pointer-sized slot.
 #define QNUTIL_ASSERT_SLOT(type, field, slot) \
   static_assert(offsetof(type, field) == (slot) * sizeof(void*), #type "::" #field)
-#define QNUTIL_ASSERT_SLOTS(type, slots) static_assert(sizeof(type) == (slots) * sizeof(void*), "sizeof " #type)
+#define QNUTIL_ASSERT_SLOTS(type, slots) \
+  static_assert(sizeof(type) == (slots) * sizeof(void*), "sizeof " #type)
 
 QNUTIL_ASSERT_SLOT(BufferProcs, allocateProc, 1);
 QNUTIL_ASSERT_SLOT(BufferProcs, lockProc, 2);

@@ -32,7 +32,8 @@ bool usable(const PSFilter_& filter, const ApplyRequest& request) {
 }
 
 bool tiles_pending(const FilterRecord& record) {
-  return non_empty(record.inRect) || non_empty(record.outRect) || (record.haveMask && non_empty(record.maskRect));
+  return non_empty(record.inRect) || non_empty(record.outRect) ||
+         (record.haveMask && non_empty(record.maskRect));
 }
 
 void set_run_fields(PSFilter_& filter, const ApplyRequest& request, unsigned char* destination) {
@@ -49,7 +50,8 @@ void set_run_fields(PSFilter_& filter, const ApplyRequest& request, unsigned cha
   filter.run.user_value = request.userValue;
 
   FilterRecord& record = filter.record;
-  const Point size{static_cast<std::int16_t>(request.height), static_cast<std::int16_t>(request.width)};
+  const Point size{static_cast<std::int16_t>(request.height),
+                   static_cast<std::int16_t>(request.width)};
   record.imageSize = size;
   record.planes = 3;
   record.filterRect = Rect{0, 0, size.v, size.h};
@@ -72,12 +74,14 @@ std::int32_t process(PSFilter_& filter) {
 
 }  // namespace
 
-std::int32_t run_filter(PSFilter_& filter, const ApplyRequest& request, unsigned char** resultImage) {
+std::int32_t run_filter(PSFilter_& filter, const ApplyRequest& request,
+                        unsigned char** resultImage) {
   *resultImage = nullptr;
   if (!usable(filter, request)) return kUnusable;
   const std::uint64_t imageBytes = std::uint64_t(request.height) * std::uint64_t(request.rowBytes);
   if (imageBytes * kResultBlockFactor > SIZE_MAX) return kUnusable;
-  auto* result = static_cast<unsigned char*>(std::malloc(static_cast<std::size_t>(imageBytes * kResultBlockFactor)));
+  auto* result = static_cast<unsigned char*>(
+      std::malloc(static_cast<std::size_t>(imageBytes * kResultBlockFactor)));
   if (!result) return kUnusable;
   std::memcpy(result, request.bits, static_cast<std::size_t>(imageBytes));
   *resultImage = result;

@@ -21,6 +21,7 @@ struct ApplyRequest {
 // steps; stores the result image (a copy of the source the plug-in wrote
 // into) in *resultImage, or null when none could be made. Returns the run's
 // status: negative for failure, -1 for unusable arguments or no memory.
-std::int32_t run_filter(PSFilter_& filter, const ApplyRequest& request, unsigned char** resultImage);
+std::int32_t run_filter(PSFilter_& filter, const ApplyRequest& request,
+                        unsigned char** resultImage);
 
 }  // namespace qnutil::psfilter

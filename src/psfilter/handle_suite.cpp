@@ -139,8 +139,9 @@ void dispose_regular(Handle handle) noexcept {
 }  // namespace
 
 HandleProcs make_handle_procs() {
-  return {kHandleProcsVersion, kHandleProcsCount, new_handle, dispose, get_size, set_size,
-          lock, unlock, recover_space, dispose_regular};
+  return {
+      kHandleProcsVersion, kHandleProcsCount, new_handle, dispose, get_size, set_size, lock, unlock,
+      recover_space,       dispose_regular};
 }
 
 void dispose_handle(Handle handle) { dispose(handle); }

@@ -49,7 +49,8 @@ BOOL CALLBACK match_main_window(HWND window, LPARAM context) {
   auto& search = *reinterpret_cast<ProcessWindowSearch*>(context);
   DWORD process = 0;
   GetWindowThreadProcessId(window, &process);
-  if (process != search.process || !IsWindowVisible(window) || GetWindow(window, GW_OWNER)) return TRUE;
+  if (process != search.process || !IsWindowVisible(window) || GetWindow(window, GW_OWNER))
+    return TRUE;
   search.found = window;
   return FALSE;
 }

@@ -9,7 +9,8 @@ namespace {
 
 constexpr DWORD kReadable = PAGE_READONLY | PAGE_READWRITE | PAGE_WRITECOPY | PAGE_EXECUTE_READ |
                             PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
-constexpr DWORD kWritable = PAGE_READWRITE | PAGE_WRITECOPY | PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
+constexpr DWORD kWritable =
+    PAGE_READWRITE | PAGE_WRITECOPY | PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
 
 // Committed memory whose protection grants `access`, covering `size` bytes
 // from `address` within one region.
@@ -26,7 +27,9 @@ bool accessible(const void* address, std::size_t size, DWORD access) {
 
 }  // namespace
 
-bool readable(const void* address, std::size_t size) { return accessible(address, size, kReadable); }
+bool readable(const void* address, std::size_t size) {
+  return accessible(address, size, kReadable);
+}
 
 bool writable(const void* address) { return accessible(address, 1, kWritable); }
 

@@ -15,8 +15,8 @@ constexpr std::size_t kPropertyHeaderSize = 16;
 constexpr std::uint16_t kLatestMajorVersion = 4;
 
 std::uint32_t read_u32(const unsigned char* bytes) {
-  return std::uint32_t{bytes[0]} | (std::uint32_t{bytes[1]} << 8) | (std::uint32_t{bytes[2]} << 16) |
-         (std::uint32_t{bytes[3]} << 24);
+  return std::uint32_t{bytes[0]} | (std::uint32_t{bytes[1]} << 8) |
+         (std::uint32_t{bytes[2]} << 16) | (std::uint32_t{bytes[3]} << 24);
 }
 
 std::uint16_t read_u16(const unsigned char* bytes) {

@@ -23,8 +23,8 @@ void read_resource(PSFilter_& filter, LPCSTR type, LPSTR name) {
   HGLOBAL loaded = LoadResource(filter.module, info);
   const void* bytes = loaded ? LockResource(loaded) : nullptr;
   if (!bytes) return;
-  const auto entryName =
-      read_pipl(static_cast<const unsigned char*>(bytes), SizeofResource(filter.module, info), kEntryKey, filter.texts);
+  const auto entryName = read_pipl(static_cast<const unsigned char*>(bytes),
+                                   SizeofResource(filter.module, info), kEntryKey, filter.texts);
   if (!entryName) return;
   FARPROC address = GetProcAddress(filter.module, entryName->c_str());
   if (!address) return;

@@ -2,10 +2,10 @@
 // with edge pixels repeated, read from the unmodified image; the fourth
 // byte becomes 0.
 //
-// Neighbours are always read from the unmodified image. The sum is built separably: per row, the three source rows are added
-// channel by channel into 16-bit lanes (with the edge columns repeated at
-// both ends), then three neighbouring column sums are added. A sum is at
-// most 9 × 255 = 2295, and for such values ⌊s / 9⌋ == (s × 7282) >> 16.
+// Neighbours are always read from the unmodified image. The sum is built separably: per row, the
+// three source rows are added channel by channel into 16-bit lanes (with the edge columns repeated
+// at both ends), then three neighbouring column sums are added. A sum is at most 9 × 255 = 2295,
+// and for such values ⌊s / 9⌋ == (s × 7282) >> 16.
 #include <algorithm>
 #include <cstdint>
 #include <vector>
@@ -19,7 +19,8 @@ constexpr uint32_t kDivideBy9 = 7282;  // ceil(65536 / 9)
 
 // Column sums of one output row: 4 lanes (blue, green, red, fourth) per
 // pixel, for columns -1 .. width.
-void sum_columns(const uint32_t* above, const uint32_t* row, const uint32_t* below, int width, uint16_t* sums) {
+void sum_columns(const uint32_t* above, const uint32_t* row, const uint32_t* below, int width,
+                 uint16_t* sums) {
   uint16_t* out = sums + 4;
   int x = 0;
 #ifdef QNUTIL_RASTER_SSE2
@@ -28,20 +29,24 @@ void sum_columns(const uint32_t* above, const uint32_t* row, const uint32_t* bel
     const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(above + x));
     const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row + x));
     const __m128i c = _mm_loadu_si128(reinterpret_cast<const __m128i*>(below + x));
-    const __m128i low = _mm_add_epi16(_mm_add_epi16(_mm_unpacklo_epi8(a, zero), _mm_unpacklo_epi8(b, zero)),
-                                      _mm_unpacklo_epi8(c, zero));
-    const __m128i high = _mm_add_epi16(_mm_add_epi16(_mm_unpackhi_epi8(a, zero), _mm_unpackhi_epi8(b, zero)),
-                                       _mm_unpackhi_epi8(c, zero));
+    const __m128i low =
+        _mm_add_epi16(_mm_add_epi16(_mm_unpacklo_epi8(a, zero), _mm_unpacklo_epi8(b, zero)),
+                      _mm_unpacklo_epi8(c, zero));
+    const __m128i high =
+        _mm_add_epi16(_mm_add_epi16(_mm_unpackhi_epi8(a, zero), _mm_unpackhi_epi8(b, zero)),
+                      _mm_unpackhi_epi8(c, zero));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out), low);
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 8), high);
   }
 #endif
   for (; x < width; ++x, out += 4)
     for (int lane = 0; lane < 4; ++lane)
-      out[lane] = static_cast<uint16_t>(((above[x] >> (8 * lane)) & 255) + ((row[x] >> (8 * lane)) & 255) +
-                                        ((below[x] >> (8 * lane)) & 255));
-  std::copy(sums + 4, sums + 8, sums);                                 // column -1 repeats column 0
-  std::copy(sums + 4 * width, sums + 4 * width + 4, sums + 4 * (width + 1));  // column width repeats width - 1
+      out[lane] =
+          static_cast<uint16_t>(((above[x] >> (8 * lane)) & 255) + ((row[x] >> (8 * lane)) & 255) +
+                                ((below[x] >> (8 * lane)) & 255));
+  std::copy(sums + 4, sums + 8, sums);  // column -1 repeats column 0
+  std::copy(sums + 4 * width, sums + 4 * width + 4,
+            sums + 4 * (width + 1));  // column width repeats width - 1
 }
 
 void blur_row(const uint16_t* sums, uint32_t* out, int width) {
@@ -51,10 +56,10 @@ void blur_row(const uint16_t* sums, uint32_t* out, int width) {
   const __m128i colour = _mm_set1_epi32(0x00FFFFFF);
   auto two = [&](int at) {
     const uint16_t* s = sums + 4 * at;
-    const __m128i total = _mm_add_epi16(
-        _mm_add_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(s)),
-                      _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + 4))),
-        _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + 8)));
+    const __m128i total =
+        _mm_add_epi16(_mm_add_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(s)),
+                                    _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + 4))),
+                      _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + 8)));
     return _mm_mulhi_epu16(total, divide);
   };
   for (; x + 4 <= width; x += 4) {

@@ -74,7 +74,9 @@ class MemorySource final : public CQnBitmap::PixelSource {
     const uint8_t* data = Bytes(palette_offset_, n, destination);
     if (data != destination) std::memcpy(destination, data, n);
   }
-  void BeginPixels(uint32_t palette_count) override { position_ = pixel_base_ + 4u * size_t{palette_count}; }
+  void BeginPixels(uint32_t palette_count) override {
+    position_ = pixel_base_ + 4u * size_t{palette_count};
+  }
   const uint8_t* NextPixels(size_t n, uint8_t* scratch) override {
     const uint8_t* data = Bytes(position_, n, scratch);
     position_ += n;
@@ -85,7 +87,8 @@ class MemorySource final : public CQnBitmap::PixelSource {
   // n bytes at offset: in place when all are there, else what there is
   // copied into scratch and the rest zeroed.
   const uint8_t* Bytes(size_t offset, size_t n, uint8_t* scratch) const {
-    if (length_ == kUnknownLength || (offset <= length_ && n <= length_ - offset)) return bytes_ + offset;
+    if (length_ == kUnknownLength || (offset <= length_ && n <= length_ - offset))
+      return bytes_ + offset;
     const size_t available = offset < length_ ? length_ - offset : 0;
     std::memcpy(scratch, bytes_ + offset, available);
     std::memset(scratch + available, 0, n - available);
@@ -111,7 +114,8 @@ Header header_at(const uint8_t* bytes, size_t length, size_t offset) {
 
 }  // namespace
 
-void CQnBitmap::ReadWorkingRows(PixelSource& source, const qnutil::raster::PixelLayout& layout, uint32_t* words) {
+void CQnBitmap::ReadWorkingRows(PixelSource& source, const qnutil::raster::PixelLayout& layout,
+                                uint32_t* words) {
   uint32_t palette[256];
   qnutil::raster::palette_words(palette_, palette);
   const int width = headers_.info.biWidth, height = headers_.info.biHeight;
@@ -122,7 +126,8 @@ void CQnBitmap::ReadWorkingRows(PixelSource& source, const qnutil::raster::Pixel
     const int rows = static_cast<int>(std::min<size_t>(rows_per_slice, height - first));
     const uint8_t* slice = source.NextPixels(size_t{layout.stride} * rows, scratch.data());
     for (int r = 0; r < rows; ++r)
-      qnutil::raster::row_to_working(slice + size_t{layout.stride} * r, words + size_t(first + r) * width, width,
+      qnutil::raster::row_to_working(slice + size_t{layout.stride} * r,
+                                     words + size_t(first + r) * width, width,
                                      headers_.info.biBitCount, palette);
     first += rows;
   }
@@ -132,7 +137,8 @@ void CQnBitmap::LoadDescribed(PixelSource& source) {
   // The old pixels go; their allocation is kept for the new ones when it
   // is large enough.
   uint32_t capacity = capacity_;
-  std::unique_ptr<uint8_t, decltype(&std::free)> buffer(std::exchange(pixels_, nullptr), &std::free);
+  std::unique_ptr<uint8_t, decltype(&std::free)> buffer(std::exchange(pixels_, nullptr),
+                                                        &std::free);
   SetPixels(nullptr, 0);
   headers_.info = source.info;
   const QnBmpInfoHeader& info = headers_.info;
@@ -207,12 +213,13 @@ void CQnBitmap::LoadFromBits2(const void* bits, int hasFileHeader, size_t length
   LoadDescribed(source);
 }
 
-void CQnBitmap::LoadFromBits3(QnBmpFileHeader fileHeader, QnBmpInfoHeader infoHeader, const void* data) {
+void CQnBitmap::LoadFromBits3(QnBmpFileHeader fileHeader, QnBmpInfoHeader infoHeader,
+                              const void* data) {
   LoadFromBits3(fileHeader, infoHeader, data, kUnknownLength);
 }
 
-void CQnBitmap::LoadFromBits3(QnBmpFileHeader fileHeader, QnBmpInfoHeader infoHeader, const void* data,
-                              size_t length) {
+void CQnBitmap::LoadFromBits3(QnBmpFileHeader fileHeader, QnBmpInfoHeader infoHeader,
+                              const void* data, size_t length) {
   if (!data) return;
   MemorySource source(static_cast<const uint8_t*>(data), length, 0, 0);
   source.info = infoHeader;

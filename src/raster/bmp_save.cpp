@@ -22,15 +22,17 @@ constexpr size_t kSliceBytes = 256 * 1024;
 // Calls emit(bytes, n) with the 24-bit rows of a working-format image, a
 // slice at a time, bottom row first.
 template <class Emit>
-void for_each_24bit_slice(const uint8_t* pixels, uint32_t stride, int width, int height, Emit&& emit) {
+void for_each_24bit_slice(const uint8_t* pixels, uint32_t stride, int width, int height,
+                          Emit&& emit) {
   const uint32_t stride24 = *qnutil::raster::stride_for(width, 3);
   const size_t rows_per_slice = std::max<size_t>(1, kSliceBytes / stride24);
   std::vector<uint8_t> slice(std::min<size_t>(rows_per_slice, height) * stride24);
   for (int first = 0; first < height;) {
     const int rows = static_cast<int>(std::min<size_t>(rows_per_slice, height - first));
     for (int r = 0; r < rows; ++r)
-      qnutil::raster::row_to_24bit(reinterpret_cast<const uint32_t*>(pixels + size_t(first + r) * stride),
-                                   slice.data() + size_t{stride24} * r, width, stride24);
+      qnutil::raster::row_to_24bit(
+          reinterpret_cast<const uint32_t*>(pixels + size_t(first + r) * stride),
+          slice.data() + size_t{stride24} * r, width, stride24);
     if (!emit(slice.data(), size_t{stride24} * rows)) return;
     first += rows;
   }
@@ -63,8 +65,9 @@ void CQnBitmap::SaveToFile(const char* path) {
     WriteSavedHeaders(header);
     bool ok = std::fwrite(header, 1, sizeof header, file) == sizeof header;
     if (ok)
-      for_each_24bit_slice(pixels_, stride_, Width(), Height(),
-                           [&](const uint8_t* bytes, size_t n) { return std::fwrite(bytes, 1, n, file) == n; });
+      for_each_24bit_slice(
+          pixels_, stride_, Width(), Height(),
+          [&](const uint8_t* bytes, size_t n) { return std::fwrite(bytes, 1, n, file) == n; });
     std::fclose(file);
   }
   // The conversion back runs whether or not the file could be written.
@@ -112,8 +115,9 @@ void CQnBitmap::SaveAtEnd(const char* path) {
     uint8_t header[kHeaderBytes];
     WriteSavedHeaders(header);
     if (std::fwrite(header, 1, sizeof header, file) == sizeof header)
-      for_each_24bit_slice(pixels_, stride_, Width(), Height(),
-                           [&](const uint8_t* bytes, size_t n) { return std::fwrite(bytes, 1, n, file) == n; });
+      for_each_24bit_slice(
+          pixels_, stride_, Width(), Height(),
+          [&](const uint8_t* bytes, size_t n) { return std::fwrite(bytes, 1, n, file) == n; });
   }
   std::fclose(file);
   ClearFourthBytes();

@@ -35,12 +35,15 @@ extern "C" QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits(bmpExHandle handle, cons
   return with_bitmap(handle, [&](CQnBitmap& bitmap) { bitmap.LoadFromBits(bits); });
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits2(bmpExHandle handle, const void* bits, int hasFileHeader) {
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits2(bmpExHandle handle, const void* bits,
+                                                         int hasFileHeader) {
   return with_bitmap(handle, [&](CQnBitmap& bitmap) { bitmap.LoadFromBits2(bits, hasFileHeader); });
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits3(bmpExHandle handle, const QnBmpFileHeader* fileHeader,
-                                                         const QnBmpInfoHeader* infoHeader, const void* data) {
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExLoadFromBits3(bmpExHandle handle,
+                                                         const QnBmpFileHeader* fileHeader,
+                                                         const QnBmpInfoHeader* infoHeader,
+                                                         const void* data) {
   if (!handle) return 0;
   // Missing headers describe nothing to load; the object stays as it was.
   if (!fileHeader || !infoHeader) return 1;
@@ -66,12 +69,15 @@ extern "C" QNUTIL_API int QNUTIL_CALL bmpExGetSize(bmpExHandle handle, int* widt
   });
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL bmpExCrop(bmpExHandle handle, int x, int y, int width, int height) {
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExCrop(bmpExHandle handle, int x, int y, int width,
+                                                int height) {
   return with_bitmap(handle, [&](CQnBitmap& bitmap) { bitmap.Crop(x, y, width, height); });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL bmpExFlip(bmpExHandle handle, int horizontal) {
-  return with_bitmap(handle, [&](CQnBitmap& bitmap) { horizontal ? bitmap.FlipHorizontal() : bitmap.FlipVertical(); });
+  return with_bitmap(handle, [&](CQnBitmap& bitmap) {
+    horizontal ? bitmap.FlipHorizontal() : bitmap.FlipVertical();
+  });
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL bmpExThreshold(bmpExHandle handle, int level) {
@@ -98,9 +104,10 @@ extern "C" QNUTIL_API int QNUTIL_CALL bmpExConvertHsi(bmpExHandle handle, int to
   return with_bitmap(handle, [&](CQnBitmap& bitmap) { toHsi ? bitmap.ToHSI() : bitmap.FromHSI(); });
 }
 
-extern "C" QNUTIL_API int QNUTIL_CALL bmpExDrawBitmap(bmpExHandle handle, int x, int y, int width, int height,
-                                                      bmpExHandle source, int sx, int sy, int sWidth, int sHeight,
-                                                      int opacity, int mode) {
+extern "C" QNUTIL_API int QNUTIL_CALL bmpExDrawBitmap(bmpExHandle handle, int x, int y, int width,
+                                                      int height, bmpExHandle source, int sx,
+                                                      int sy, int sWidth, int sHeight, int opacity,
+                                                      int mode) {
   return with_bitmap(handle, [&](CQnBitmap& bitmap) {
     bitmap.SetInterpolationMode(mode);
     bitmap.DrawBitmap(x, y, width, height, bitmap_of(source), sx, sy, sWidth, sHeight, opacity);

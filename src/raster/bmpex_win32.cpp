@@ -20,6 +20,5 @@ extern "C" QNUTIL_API int QNUTIL_CALL bmpExDraw(bmpExHandle handle, HDC dc) {
 
 extern "C" QNUTIL_API int QNUTIL_CALL bmpExDraw2(bmpExHandle handle, HDC dc, int x, int y,
                                                  int width, int height) {
-  return with_bitmap(handle,
-                     [&](CQnBitmap& image) { image.StretchDraw(dc, x, y, width, height); });
+  return with_bitmap(handle, [&](CQnBitmap& image) { image.StretchDraw(dc, x, y, width, height); });
 }

@@ -20,7 +20,8 @@ struct PictureView {
   uint32_t stride;
   int width, height;
   uint32_t* row(int picture_row) const {
-    return reinterpret_cast<uint32_t*>(pixels + static_cast<size_t>(height - 1 - picture_row) * stride);
+    return reinterpret_cast<uint32_t*>(pixels +
+                                       static_cast<size_t>(height - 1 - picture_row) * stride);
   }
   PictureSize size() const { return {width, height}; }
 };
@@ -32,7 +33,8 @@ struct ClippedCorners {
   int x0, y0;    // destination
   int sx0, sy0;  // source
 };
-ClippedCorners clip_corners(PictureSize destination, int x, int y, PictureSize source, int source_x, int source_y);
+ClippedCorners clip_corners(PictureSize destination, int x, int y, PictureSize source, int source_x,
+                            int source_y);
 
 // DrawBitmap's extents (inclusive), destination and source.
 struct ClippedRects {
@@ -42,13 +44,15 @@ struct ClippedRects {
     return dest_width <= 0 || dest_height <= 0 || source_width <= 0 || source_height <= 0;
   }
 };
-ClippedRects clip_rects(PictureSize destination, int x, int y, int width, int height, PictureSize source,
-                        int source_x, int source_y, int source_width, int source_height);
+ClippedRects clip_rects(PictureSize destination, int x, int y, int width, int height,
+                        PictureSize source, int source_x, int source_y, int source_width,
+                        int source_height);
 
 // The smoothing variant (interpolation mode 2): area averaging where the
 // source is reduced and bicubic interpolation where it is enlarged, each
 // axis on its own, then mixed by the opacity weight a like the others.
-void draw_smooth(const PictureView& destination, const PictureView& source, const ClippedRects& rects, int a);
+void draw_smooth(const PictureView& destination, const PictureView& source,
+                 const ClippedRects& rects, int a);
 
 // Opacity in per cent (clamped to 0..100) as the source weight a of 256.
 int opacity_weight(int opacity);
@@ -57,7 +61,8 @@ int opacity_weight(int opacity);
 // Both products fit their 16-bit lanes, so red and blue share a multiply.
 inline uint32_t mix(uint32_t source, uint32_t destination, uint32_t a) {
   const uint32_t b = 256 - a;
-  const uint32_t red_blue = (((source & 0xFF00FFu) * a + (destination & 0xFF00FFu) * b) >> 8) & 0xFF00FFu;
+  const uint32_t red_blue =
+      (((source & 0xFF00FFu) * a + (destination & 0xFF00FFu) * b) >> 8) & 0xFF00FFu;
   const uint32_t green = (((source & 0xFF00u) * a + (destination & 0xFF00u) * b) >> 8) & 0xFF00u;
   return red_blue | green;
 }

@@ -11,7 +11,8 @@ namespace {
 
 template <class T>
 T* zeroed_map(const CQnBitmap& image) {
-  return static_cast<T*>(std::calloc(static_cast<size_t>(image.Width()) * image.Height(), sizeof(T)));
+  return static_cast<T*>(
+      std::calloc(static_cast<size_t>(image.Width()) * image.Height(), sizeof(T)));
 }
 
 void fresh_copy(CQnBitmap*& slot, const CQnBitmap& image) {
@@ -65,7 +66,8 @@ void CQnBitmap::InitNoiseTable() {
   const auto ticks = std::chrono::duration_cast<std::chrono::milliseconds>(
       std::chrono::steady_clock::now().time_since_epoch());
   std::srand(static_cast<unsigned>(ticks.count()));
-  for (int i = 0; i < kNoiseTableValues; ++i) noise_table_[i] = static_cast<float>(std::rand() % 32768) * 3.0517578e-5f;
+  for (int i = 0; i < kNoiseTableValues; ++i)
+    noise_table_[i] = static_cast<float>(std::rand() % 32768) * 3.0517578e-5f;
 }
 
 void CQnBitmap::InitDoubleMap() {

@@ -95,9 +95,7 @@ class RegionBuilder {
 
 // The key is given as 0x00RRGGBB, matching the DIB's byte order blue,
 // green, red; the fourth byte does not count.
-bool is_key(std::uint32_t pixel, std::uint32_t key) {
-  return ((pixel ^ key) & 0x00FFFFFFu) == 0;
-}
+bool is_key(std::uint32_t pixel, std::uint32_t key) { return ((pixel ^ key) & 0x00FFFFFFu) == 0; }
 
 // Scans a bottom-up 32-bit DIB top row first, one rectangle per run of
 // non-key pixels.
@@ -120,8 +118,7 @@ HRGN region_of_pixels(const std::uint8_t* bits, LONG width, LONG height, LONG ro
 
 }  // namespace
 
-extern "C" QNUTIL_API HRGN QNUTIL_CALL QnUtil_CreateRegionFromBitmap(HBITMAP bitmap,
-                                                                     uint32_t key) {
+extern "C" QNUTIL_API HRGN QNUTIL_CALL QnUtil_CreateRegionFromBitmap(HBITMAP bitmap, uint32_t key) {
   if (!bitmap) return nullptr;
   const HDC memory = CreateCompatibleDC(nullptr);
   if (!memory) return nullptr;

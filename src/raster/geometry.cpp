@@ -10,7 +10,9 @@
 
 namespace {
 
-int64_t clamp64(int64_t value, int64_t low, int64_t high) { return std::max(std::min(value, high), low); }
+int64_t clamp64(int64_t value, int64_t low, int64_t high) {
+  return std::max(std::min(value, high), low);
+}
 
 // Exchanges two rows through a small stack buffer: no allocation, and the
 // chunks stay in the first-level cache.
@@ -46,8 +48,8 @@ void CQnBitmap::FlipVertical() {
   if (!pixels_) return;
   const int height = Height();
   for (int i = 0; i < height / 2; ++i)
-    swap_rows(pixels_ + static_cast<size_t>(i) * stride_, pixels_ + static_cast<size_t>(height - 1 - i) * stride_,
-              stride_);
+    swap_rows(pixels_ + static_cast<size_t>(i) * stride_,
+              pixels_ + static_cast<size_t>(height - 1 - i) * stride_, stride_);
 }
 
 void CQnBitmap::FlipHorizontal() {
@@ -68,7 +70,8 @@ void CQnBitmap::Crop(int x, int y, int width, int height) {
   if (new_width <= 0 || new_height <= 0) return;
   // Rows move in place toward the start of the buffer: each lands at or
   // before where it was read.
-  const uint32_t new_stride = *qnutil::raster::stride_for(static_cast<int32_t>(new_width), bytes_per_pixel_);
+  const uint32_t new_stride =
+      *qnutil::raster::stride_for(static_cast<int32_t>(new_width), bytes_per_pixel_);
   const size_t row_bytes = static_cast<size_t>(new_width) * bytes_per_pixel_;
   for (int64_t k = 0; k < new_height; ++k) {
     uint8_t* out = pixels_ + k * new_stride;

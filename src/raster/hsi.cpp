@@ -37,8 +37,10 @@ void scale_offsets(double& channel1, double& channel2, double grey, double t) {
 uint32_t rgb_to_hsi(uint32_t rgb) {
   const int r = (rgb >> 16) & 255, g = (rgb >> 8) & 255, b = rgb & 255;
   const int m = (r + g + b) / 3;
-  double hue = engine_atan2((2.0 * b - r - g) / kSqrt6, (g - r) / kSqrt2) * kDegreesPerRadian + 150.0;
-  const double d = std::sqrt(double(r - m) * (r - m) + double(g - m) * (g - m) + double(b - m) * (b - m));
+  double hue =
+      engine_atan2((2.0 * b - r - g) / kSqrt6, (g - r) / kSqrt2) * kDegreesPerRadian + 150.0;
+  const double d =
+      std::sqrt(double(r - m) * (r - m) + double(g - m) * (g - m) + double(b - m) * (b - m));
   const double saturation = engine_atan2(d, m) * 100.0 / kAtanSqrt6;
   const double intensity = m / 2.55;
   if (saturation != 0 && intensity != 0) {

@@ -47,7 +47,8 @@ __m128i colour_mask() { return _mm_set1_epi32(static_cast<int>(kColourMask)); }
 struct ThresholdOp {
   int32_t limit;  // level × 256
   uint32_t one(uint32_t p) const {
-    const int32_t luminance = static_cast<int32_t>(76 * channel(p, 16) + 150 * channel(p, 8) + 29 * channel(p, 0));
+    const int32_t luminance =
+        static_cast<int32_t>(76 * channel(p, 16) + 150 * channel(p, 8) + 29 * channel(p, 0));
     return luminance > limit ? 0u : kColourMask;
   }
 #ifdef QNUTIL_RASTER_SSE2
@@ -57,9 +58,10 @@ struct ThresholdOp {
     const __m128i green = _mm_and_si128(_mm_srli_epi32(p, 8), byte);
     const __m128i red = _mm_and_si128(_mm_srli_epi32(p, 16), byte);
     // Products stay below 65536, so 16-bit multiplies in 32-bit lanes are exact.
-    const __m128i luminance = _mm_add_epi32(
-        _mm_add_epi32(_mm_mullo_epi16(red, _mm_set1_epi32(76)), _mm_mullo_epi16(green, _mm_set1_epi32(150))),
-        _mm_mullo_epi16(blue, _mm_set1_epi32(29)));
+    const __m128i luminance =
+        _mm_add_epi32(_mm_add_epi32(_mm_mullo_epi16(red, _mm_set1_epi32(76)),
+                                    _mm_mullo_epi16(green, _mm_set1_epi32(150))),
+                      _mm_mullo_epi16(blue, _mm_set1_epi32(29)));
     const __m128i black = _mm_cmpgt_epi32(luminance, _mm_set1_epi32(limit));
     return _mm_andnot_si128(black, colour_mask());
   }
@@ -69,12 +71,15 @@ struct ThresholdOp {
 struct BrightnessOp {
   int delta;  // -255..255
   uint32_t one(uint32_t p) const {
-    auto shifted = [&](int shift) { return static_cast<uint32_t>(std::clamp(int(channel(p, shift)) + delta, 0, 255)); };
+    auto shifted = [&](int shift) {
+      return static_cast<uint32_t>(std::clamp(int(channel(p, shift)) + delta, 0, 255));
+    };
     return pack(shifted(16), shifted(8), shifted(0));
   }
 #ifdef QNUTIL_RASTER_SSE2
   __m128i four(__m128i p) const {
-    const __m128i amount = _mm_and_si128(_mm_set1_epi8(static_cast<char>(delta < 0 ? -delta : delta)), colour_mask());
+    const __m128i amount =
+        _mm_and_si128(_mm_set1_epi8(static_cast<char>(delta < 0 ? -delta : delta)), colour_mask());
     p = delta < 0 ? _mm_subs_epu8(p, amount) : _mm_adds_epu8(p, amount);
     return _mm_and_si128(p, colour_mask());
   }
@@ -87,15 +92,17 @@ struct ContrastOp {
   int k;
   uint32_t one(uint32_t p) const {
     auto pulled = [&](int shift) {
-      return static_cast<uint32_t>(std::clamp(((int(channel(p, shift)) - 128) * k + 32768) >> 8, 0, 255));
+      return static_cast<uint32_t>(
+          std::clamp(((int(channel(p, shift)) - 128) * k + 32768) >> 8, 0, 255));
     };
     return pack(pulled(16), pulled(8), pulled(0));
   }
 #ifdef QNUTIL_RASTER_SSE2
   __m128i half(__m128i words16) const {
     const __m128i centred = _mm_sub_epi16(words16, _mm_set1_epi16(128));
-    return _mm_add_epi16(_mm_srai_epi16(_mm_mullo_epi16(centred, _mm_set1_epi16(static_cast<short>(k))), 8),
-                         _mm_set1_epi16(128));
+    return _mm_add_epi16(
+        _mm_srai_epi16(_mm_mullo_epi16(centred, _mm_set1_epi16(static_cast<short>(k))), 8),
+        _mm_set1_epi16(128));
   }
   __m128i four(__m128i p) const {
     const __m128i zero = _mm_setzero_si128();
@@ -119,9 +126,10 @@ struct TintOp {
   }
 #ifdef QNUTIL_RASTER_SSE2
   __m128i half(__m128i words16) const {
-    const __m128i target = _mm_set_epi16(0, short(channel(colour, 16) * w), short(channel(colour, 8) * w),
-                                         short(channel(colour, 0) * w), 0, short(channel(colour, 16) * w),
-                                         short(channel(colour, 8) * w), short(channel(colour, 0) * w));
+    const __m128i target =
+        _mm_set_epi16(0, short(channel(colour, 16) * w), short(channel(colour, 8) * w),
+                      short(channel(colour, 0) * w), 0, short(channel(colour, 16) * w),
+                      short(channel(colour, 8) * w), short(channel(colour, 0) * w));
     const __m128i kept = _mm_mullo_epi16(words16, _mm_set1_epi16(static_cast<short>(256 - w)));
     return _mm_srli_epi16(_mm_add_epi16(kept, target), 8);
   }
@@ -135,9 +143,13 @@ struct TintOp {
 
 }  // namespace
 
-void CQnBitmap::Threshold(int level) { apply_to_image(*this, ThresholdOp{std::clamp(level, 0, 255) * 256}); }
+void CQnBitmap::Threshold(int level) {
+  apply_to_image(*this, ThresholdOp{std::clamp(level, 0, 255) * 256});
+}
 
-void CQnBitmap::Brightness(int delta) { apply_to_image(*this, BrightnessOp{std::clamp(delta, -255, 255)}); }
+void CQnBitmap::Brightness(int delta) {
+  apply_to_image(*this, BrightnessOp{std::clamp(delta, -255, 255)});
+}
 
 void CQnBitmap::Contrast(int level) {
   apply_to_image(*this, ContrastOp{static_cast<int>(256.0 / std::clamp(level, 1, 100))});
@@ -151,13 +163,15 @@ void CQnBitmap::Tint(uint32_t colour) {
 void CQnBitmap::ToHSI() {
   if (!InWorkingFormat() || colour_space_ == 1) return;
   auto* words = reinterpret_cast<uint32_t*>(pixels_);
-  for (uint32_t i = 0, n = buffer_size_ / 4; i < n; ++i) words[i] = qnutil::raster::rgb_to_hsi(words[i]);
+  for (uint32_t i = 0, n = buffer_size_ / 4; i < n; ++i)
+    words[i] = qnutil::raster::rgb_to_hsi(words[i]);
   colour_space_ = 1;
 }
 
 void CQnBitmap::FromHSI() {
   if (!InWorkingFormat() || colour_space_ != 1) return;
   auto* words = reinterpret_cast<uint32_t*>(pixels_);
-  for (uint32_t i = 0, n = buffer_size_ / 4; i < n; ++i) words[i] = qnutil::raster::hsi_to_rgb(words[i]);
+  for (uint32_t i = 0, n = buffer_size_ / 4; i < n; ++i)
+    words[i] = qnutil::raster::hsi_to_rgb(words[i]);
   colour_space_ = 0;
 }

@@ -51,15 +51,9 @@ void row_to_working(const uint8_t* source, uint32_t* destination, int width, uns
         destination[x] = ((w >> 10) & 31) << 16 | ((w >> 5) & 31) << 8 | (w & 31);
       }
       break;
-    case 24:
-      row_24_to_working(source, destination, width);
-      break;
-    case 32:
-      std::memcpy(destination, source, static_cast<size_t>(width) * 4);
-      break;
-    default:
-      std::memset(destination, 0, static_cast<size_t>(width) * 4);
-      break;
+    case 24: row_24_to_working(source, destination, width); break;
+    case 32: std::memcpy(destination, source, static_cast<size_t>(width) * 4); break;
+    default: std::memset(destination, 0, static_cast<size_t>(width) * 4); break;
   }
 }
 
@@ -85,9 +79,10 @@ void expand_24bit_in_place(uint8_t* buffer, int width, int height, uint32_t stri
     const __m128i lane3 = _mm_set_epi32(0xFFFFFF, 0, 0, 0);
     for (; x > 0; x -= 4) {
       const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row + 3 * (x - 4)));
-      const __m128i low = _mm_or_si128(_mm_and_si128(v, lane0), _mm_and_si128(_mm_slli_si128(v, 1), lane1));
-      const __m128i high =
-          _mm_or_si128(_mm_and_si128(_mm_slli_si128(v, 2), lane2), _mm_and_si128(_mm_slli_si128(v, 3), lane3));
+      const __m128i low =
+          _mm_or_si128(_mm_and_si128(v, lane0), _mm_and_si128(_mm_slli_si128(v, 1), lane1));
+      const __m128i high = _mm_or_si128(_mm_and_si128(_mm_slli_si128(v, 2), lane2),
+                                        _mm_and_si128(_mm_slli_si128(v, 3), lane3));
       _mm_storeu_si128(reinterpret_cast<__m128i*>(words + 4 * (x - 4)), _mm_or_si128(low, high));
     }
 #endif

@@ -59,7 +59,8 @@ void CQnBitmap::SetWorkingLayout() {
 
 uint32_t CQnBitmap::PixelAt(int x, int bufferRow) const {
   uint32_t word;
-  std::memcpy(&word, pixels_ + static_cast<size_t>(bufferRow) * stride_ + static_cast<size_t>(x) * 4, 4);
+  std::memcpy(&word,
+              pixels_ + static_cast<size_t>(bufferRow) * stride_ + static_cast<size_t>(x) * 4, 4);
   return word;
 }
 
@@ -127,9 +128,10 @@ void CQnBitmap::ConvertTo32Bit() {
     uint32_t palette[256];
     qnutil::raster::palette_words(palette_, palette);
     for (int y = 0; y < height; ++y)
-      qnutil::raster::row_to_working(pixels_ + static_cast<size_t>(y) * stride_,
-                                     reinterpret_cast<uint32_t*>(converted) + static_cast<size_t>(y) * width, width,
-                                     depth, palette);
+      qnutil::raster::row_to_working(
+          pixels_ + static_cast<size_t>(y) * stride_,
+          reinterpret_cast<uint32_t*>(converted) + static_cast<size_t>(y) * width, width, depth,
+          palette);
     SetPixels(converted, static_cast<uint32_t>(working_bytes));
   }
   SetWorkingLayout();
@@ -142,8 +144,9 @@ void CQnBitmap::ConvertTo24Bit() {
   const int width = Width(), height = Height();
   const uint32_t stride = *qnutil::raster::stride_for(width, 3);
   for (int y = 0; y < height; ++y)
-    qnutil::raster::row_to_24bit(reinterpret_cast<const uint32_t*>(pixels_ + static_cast<size_t>(y) * stride_),
-                                 pixels_ + static_cast<size_t>(y) * stride, width, stride);
+    qnutil::raster::row_to_24bit(
+        reinterpret_cast<const uint32_t*>(pixels_ + static_cast<size_t>(y) * stride_),
+        pixels_ + static_cast<size_t>(y) * stride, width, stride);
   stride_ = stride;
   bytes_per_pixel_ = 3;
   buffer_size_ = stride * static_cast<uint32_t>(height);

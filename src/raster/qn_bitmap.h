@@ -137,7 +137,7 @@ class CQnBitmap {
   // 0 nearest, 1 bilinear, 2 smoothing; other values make the scaled
   // operations do nothing.
   void SetInterpolationMode(int mode) { interpolation_mode_ = mode; }
-  int ColourSpace() const { return colour_space_; }  // 0 RGB, 1 packed HSI
+  int ColourSpace() const { return colour_space_; }           // 0 RGB, 1 packed HSI
   const uint8_t* ColourRamp() const { return colour_ramp_; }  // blue, green, red, 0
   // The state of the animated effects (the host's; the library sets it up
   // and keeps it), each with the image as it was when set up.
@@ -160,7 +160,8 @@ class CQnBitmap {
   };
 
   void LoadDescribed(PixelSource& source);
-  void ReadWorkingRows(PixelSource& source, const qnutil::raster::PixelLayout& layout, uint32_t* words);
+  void ReadWorkingRows(PixelSource& source, const qnutil::raster::PixelLayout& layout,
+                       uint32_t* words);
   // The pixel buffer is always set through these, so that its capacity is
   // known: conversions, crop and blur then work in place, and repeated
   // loads reuse the allocation.
@@ -190,14 +191,14 @@ class CQnBitmap {
   uint8_t colour_ramp_[kColourRampEntries * 4] = {};
 
   // Effect state, in the order the original object holds it.
-  uint8_t* ramp_byte_map_ = nullptr;          // InitColourRamp: width × height bytes
-  CQnBitmap* ramp_source_ = nullptr;          // InitColourRamp
-  uint32_t* double_map_front_ = nullptr;      // InitDoubleMap: width × height words each
+  uint8_t* ramp_byte_map_ = nullptr;      // InitColourRamp: width × height bytes
+  CQnBitmap* ramp_source_ = nullptr;      // InitColourRamp
+  uint32_t* double_map_front_ = nullptr;  // InitDoubleMap: width × height words each
   uint32_t* double_map_back_ = nullptr;
   // Two numbers the animated effects take, 5 and 3 from the start; the
   // library runs none of those effects and only keeps them.
   int animation_parameters_[2] = {5, 3};
-  CQnBitmap* double_map_source_ = nullptr;    // InitDoubleMap
-  float* noise_table_ = nullptr;              // InitNoiseTable: kNoiseTableValues floats
-  CQnBitmap* noise_source_ = nullptr;         // InitNoiseTable
+  CQnBitmap* double_map_source_ = nullptr;  // InitDoubleMap
+  float* noise_table_ = nullptr;            // InitNoiseTable: kNoiseTableValues floats
+  CQnBitmap* noise_source_ = nullptr;       // InitNoiseTable
 };

@@ -16,7 +16,8 @@ namespace {
 bool holdable(const BITMAP& bitmap) {
   if (bitmap.bmWidth <= 0 || bitmap.bmHeight <= 0 || bitmap.bmWidthBytes <= 0) return false;
   const auto height = static_cast<std::uint64_t>(bitmap.bmHeight);
-  return height * static_cast<std::uint64_t>(bitmap.bmWidthBytes) <= qnutil::raster::kMaxBufferBytes &&
+  return height * static_cast<std::uint64_t>(bitmap.bmWidthBytes) <=
+             qnutil::raster::kMaxBufferBytes &&
          height * static_cast<std::uint64_t>(bitmap.bmWidth) * 4 <= qnutil::raster::kMaxBufferBytes;
 }
 
@@ -28,8 +29,8 @@ void CQnBitmap::LoadFromHBitmap(HBITMAP bitmap) {
   if (!GetObjectA(bitmap, sizeof description, &description)) return;
   // Palette-based device bitmaps are not read.
   if (description.bmBitsPixel <= 8 || !holdable(description)) return;
-  const uint32_t size = static_cast<uint32_t>(description.bmHeight) *
-                        static_cast<uint32_t>(description.bmWidthBytes);
+  const uint32_t size =
+      static_cast<uint32_t>(description.bmHeight) * static_cast<uint32_t>(description.bmWidthBytes);
   auto* pixels = static_cast<uint8_t*>(std::malloc(size));
   if (!pixels) return;
   GetBitmapBits(bitmap, static_cast<LONG>(size), pixels);

@@ -52,20 +52,25 @@ std::vector<Taps> axis_taps(int source_extent, int destination_extent) {
     } else {
       const double centre = (k + 0.5) * scale - 0.5;
       const int base = static_cast<int>(std::floor(centre));
-      for (int p = base - 1; p <= base + 2; ++p) add(p, catmull_rom(static_cast<float>(centre - p)));
+      for (int p = base - 1; p <= base + 2; ++p)
+        add(p, catmull_rom(static_cast<float>(centre - p)));
     }
     taps[k].weights.assign(high - low + 1, 0.0f);
-    for (const auto& [index, weight] : contributions) taps[k].weights[index - low] += static_cast<float>(weight);
+    for (const auto& [index, weight] : contributions)
+      taps[k].weights[index - low] += static_cast<float>(weight);
     taps[k].first = low;
   }
   return taps;
 }
 
-uint32_t to_byte(float value) { return static_cast<uint32_t>(std::clamp(std::lround(value), 0L, 255L)); }
+uint32_t to_byte(float value) {
+  return static_cast<uint32_t>(std::clamp(std::lround(value), 0L, 255L));
+}
 
 }  // namespace
 
-void draw_smooth(const PictureView& destination, const PictureView& source, const ClippedRects& r, int a) {
+void draw_smooth(const PictureView& destination, const PictureView& source, const ClippedRects& r,
+                 int a) {
   const auto columns = axis_taps(r.source_width, r.dest_width);
   const auto rows = axis_taps(r.source_height, r.dest_height);
   // Horizontally filtered source rows (3 floats a pixel), made on demand.
@@ -96,7 +101,8 @@ void draw_smooth(const PictureView& destination, const PictureView& source, cons
     }
     uint32_t* to = destination.row(r.corners.y0 + j) + r.corners.x0;
     for (int i = 0; i < r.dest_width; ++i) {
-      const uint32_t word = to_byte(sample[3 * i]) | to_byte(sample[3 * i + 1]) << 8 | to_byte(sample[3 * i + 2]) << 16;
+      const uint32_t word = to_byte(sample[3 * i]) | to_byte(sample[3 * i + 1]) << 8 |
+                            to_byte(sample[3 * i + 2]) << 16;
       to[i] = mix(word, to[i], static_cast<uint32_t>(a));
     }
   }

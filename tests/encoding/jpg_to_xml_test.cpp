@@ -37,7 +37,8 @@ Result convert(const std::string& path) {
   unsigned int length_on_copy = kUntouchedLength;
   r.copy_status = jpgToXML(path.c_str(), buffer.data(), &length_on_copy, 0);
   EXPECT_EQ(length_on_copy, kUntouchedLength) << "the copying call must not touch length";
-  for (std::size_t i = n > 0 ? n - 1 : 0; i < buffer.size(); ++i) r.overran |= buffer[i] != kUntouched;
+  for (std::size_t i = n > 0 ? n - 1 : 0; i < buffer.size(); ++i)
+    r.overran |= buffer[i] != kUntouched;
   r.text.assign(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(n > 0 ? n - 1 : 0));
   return r;
 }
@@ -61,13 +62,13 @@ TEST_P(JpgToXmlTest, ReportsTheLengthThenCopiesAllButTheLastCharacter) {
   EXPECT_FALSE(r.overran);
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, JpgToXmlTest,
-                         ::testing::Values(FileCase{"Man", 4, "TWF"}, FileCase{"M", 4, "TQ="},
-                                           FileCase{"Ma", 4, "TWE"}, FileCase{"", 0, ""},
-                                           FileCase{"Many", 8, "TWFueQ="},
-                                           FileCase{std::string("\0\xFF\xFE\x01", 4), 8, "AP/+AQ="},
-                                           FileCase{"foobar", 8, "Zm9vYmF"},
-                                           FileCase{"any carnal pleasure.", 28, "YW55IGNhcm5hbCBwbGVhc3VyZS4"}));
+INSTANTIATE_TEST_SUITE_P(
+    Cases, JpgToXmlTest,
+    ::testing::Values(FileCase{"Man", 4, "TWF"}, FileCase{"M", 4, "TQ="}, FileCase{"Ma", 4, "TWE"},
+                      FileCase{"", 0, ""}, FileCase{"Many", 8, "TWFueQ="},
+                      FileCase{std::string("\0\xFF\xFE\x01", 4), 8, "AP/+AQ="},
+                      FileCase{"foobar", 8, "Zm9vYmF"},
+                      FileCase{"any carnal pleasure.", 28, "YW55IGNhcm5hbCBwbGVhc3VyZS4"}));
 
 // A missing file, and a folder, fail and touch nothing.
 TEST(JpgToXml, WhatIsNotAFileFailsAndTouchesNothing) {
@@ -97,7 +98,8 @@ std::string coreutils_base64(const std::string& path) {
   if (!pipe) return "<no base64>";
   std::string text;
   char chunk[65536];
-  for (std::size_t got; (got = std::fread(chunk, 1, sizeof chunk, pipe)) > 0;) text.append(chunk, got);
+  for (std::size_t got; (got = std::fread(chunk, 1, sizeof chunk, pipe)) > 0;)
+    text.append(chunk, got);
   pclose(pipe);
   return text;
 }

@@ -62,8 +62,7 @@ inline void put_all(EnvHandle* env, std::initializer_list<std::array<const char*
 }
 
 // The data text, or "<status>" when the get fails.
-inline std::string get_text(EnvHandle* env, const char* section, const char* path,
-                            int direct = 1) {
+inline std::string get_text(EnvHandle* env, const char* section, const char* path, int direct = 1) {
   char buf[4096];
   const int status = env_get(env, section, path, direct, sizeof buf, buf);
   return status >= 0 ? std::string(buf) : "<" + std::to_string(status) + ">";

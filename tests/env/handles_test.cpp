@@ -18,9 +18,9 @@ TEST(EnvHandles, BadArgumentsAreReportedAndRefused) {
   EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 0);
   EXPECT_EQ(env_check(env, "S", "", 1), ENV_BAD_PATH);
   EXPECT_EQ(env_put(env, nullptr, "a", "x"), ENV_ERROR);
-  EXPECT_EQ(texts(capture), (std::vector<std::string>{"Nil parametr", "Nil parametr", "Nil parametr",
-                                                      "Nil parametr", "Bad Path was given",
-                                                      "Bad Path was given", "bypass Nil section"}));
+  EXPECT_EQ(texts(capture), (std::vector<std::string>{
+                                "Nil parametr", "Nil parametr", "Nil parametr", "Nil parametr",
+                                "Bad Path was given", "Bad Path was given", "bypass Nil section"}));
   for (const auto& box : capture.boxes())
     EXPECT_EQ(box.caption.rfind("MESSAGE in \"qnutilenv\" line ", 0), 0u) << box.caption;
 }
@@ -106,7 +106,8 @@ INSTANTIATE_TEST_SUITE_P(
                       K{"S", "leaf", 1, ENV_NOT_FOUND, 0},  // two levels down
                       K{"S", "leaf", 0, ENV_DATA, 0},       // breadth first finds it
                       K{"S", "inner", 0, ENV_BLOCK, 1}, K{"S", "inner@leaf", 0, ENV_DATA, 0},
-                      K{"S", "data@2", 1, ENV_NOT_FOUND, 0}, K{"S", "@@", 1, ENV_BAD_PATH, ENV_BAD_PATH},
+                      K{"S", "data@2", 1, ENV_NOT_FOUND, 0},
+                      K{"S", "@@", 1, ENV_BAD_PATH, ENV_BAD_PATH},
                       K{"S", "data@1@x", 1, ENV_NOT_FOUND, 0}));
 
 // Seen through a sub-environment, its anchor is the element checked.
@@ -195,7 +196,8 @@ TEST(EnvHandles, InsertBefore) {
 
 TEST(EnvHandles, InsertBeforeKeepsOccurrenceNumbersInLongLists) {
   Env env;
-  for (int i = 0; i < 100; ++i) ASSERT_EQ(env_put(env, "S", ("n" + std::to_string(i)).c_str(), "v"), 0);
+  for (int i = 0; i < 100; ++i)
+    ASSERT_EQ(env_put(env, "S", ("n" + std::to_string(i)).c_str(), "v"), 0);
   ASSERT_EQ(env_put(env, "S", "n50@2", "second"), ENV_OK);
   EXPECT_EQ(env_insert_before(env, "S", "n50", "n50"), ENV_OK);  // a new first n50
   EXPECT_EQ(env_check(env, "S", "n50", 1), ENV_EXTERNAL);

@@ -21,30 +21,37 @@ class EnvLookup : public ::testing::TestWithParam<LookupCase> {};
 // exercised by the same table.
 TEST_P(EnvLookup, FindsTheElement) {
   Env env;
-  put_all(env, {{"S", "a", "1"}, {"S", "wall@height", "1"}, {"S", "wall@2@height", "2"},
+  put_all(env, {{"S", "a", "1"},
+                {"S", "wall@height", "1"},
+                {"S", "wall@2@height", "2"},
                 {"S", "wall@2@layer", "L"},
-                {"S", "blk@a", "first"}, {"S", "blk@a@3", "third"}, {"S", "p@q@name", "deep"},
-                {"S", "r@name", "shallow"}, {"S", "r@name@2", "shallow two"},
-                {"S", "7", "seven"},  // a first component is a name
+                {"S", "blk@a", "first"},
+                {"S", "blk@a@3", "third"},
+                {"S", "p@q@name", "deep"},
+                {"S", "r@name", "shallow"},
+                {"S", "r@name@2", "shallow two"},
+                {"S", "7", "seven"},     // a first component is a name
                 {"S", "d@1@5", "five"},  // after a number, a name again
-                {"S", "t", "text"}, {"S", "t@b@2@c", "below data"}});
+                {"S", "t", "text"},
+                {"S", "t@b@2@c", "below data"}});
   const LookupCase& c = GetParam();
   EXPECT_EQ(get_text(env, "S", c.path, c.direct), c.expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Paths, EnvLookup,
-    ::testing::Values(
-        LookupCase{"wall@height", 1, "1"}, LookupCase{"wall@1@height", 1, "1"},
-        LookupCase{"wall@2@height", 1, "2"}, LookupCase{"wall@2@layer", 1, "L"},
-        LookupCase{"blk@a@2", 1, ""},  // the gap is filled with empty data
-        LookupCase{"blk@a@3", 1, "third"}, LookupCase{"whatever@0", 1, "1"},  // the first element
-        LookupCase{"name", 0, "shallow"},  // breadth first: the shallowest list
-        LookupCase{"name@2", 0, "shallow two"}, LookupCase{"q@name", 0, "deep"},
-        LookupCase{"name@3", 0, "<-4>"}, LookupCase{"7", 1, "seven"},
-        LookupCase{"d@1@5@1", 1, "five"}, LookupCase{"d@5", 1, "<-4>"},  // "5" is a number here
-        LookupCase{"t", 1, "<-1>"},  // creation below data turned it into a block
-        LookupCase{"t@b@1", 1, ""}, LookupCase{"t@b@2@c", 1, "below data"}));
+    ::testing::Values(LookupCase{"wall@height", 1, "1"}, LookupCase{"wall@1@height", 1, "1"},
+                      LookupCase{"wall@2@height", 1, "2"}, LookupCase{"wall@2@layer", 1, "L"},
+                      LookupCase{"blk@a@2", 1, ""},  // the gap is filled with empty data
+                      LookupCase{"blk@a@3", 1, "third"},
+                      LookupCase{"whatever@0", 1, "1"},  // the first element
+                      LookupCase{"name", 0, "shallow"},  // breadth first: the shallowest list
+                      LookupCase{"name@2", 0, "shallow two"}, LookupCase{"q@name", 0, "deep"},
+                      LookupCase{"name@3", 0, "<-4>"}, LookupCase{"7", 1, "seven"},
+                      LookupCase{"d@1@5@1", 1, "five"},
+                      LookupCase{"d@5", 1, "<-4>"},  // "5" is a number here
+                      LookupCase{"t", 1, "<-1>"},    // creation below data turned it into a block
+                      LookupCase{"t@b@1", 1, ""}, LookupCase{"t@b@2@c", 1, "below data"}));
 
 TEST(EnvPaths, CountsAndCreationUnderEmptyBlocks) {
   Env env;
@@ -172,11 +179,12 @@ TEST(EnvPaths, LongListsStayConsistentUnderDeletion) {
   }
   ASSERT_EQ(env_count_elements(env, "S", nullptr, 1), total);
   char name[8];
-  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, total, nullptr, sizeof name, name, 0, nullptr, nullptr),
-            ENV_DATA);
-  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, total + 1, nullptr, sizeof name, name, 0, nullptr,
-                        nullptr),
-            ENV_NOT_FOUND);
+  EXPECT_EQ(
+      env_get_pos(env, "S", nullptr, 1, total, nullptr, sizeof name, name, 0, nullptr, nullptr),
+      ENV_DATA);
+  EXPECT_EQ(
+      env_get_pos(env, "S", nullptr, 1, total + 1, nullptr, sizeof name, name, 0, nullptr, nullptr),
+      ENV_NOT_FOUND);
 }
 
 }  // namespace

@@ -51,12 +51,13 @@ INSTANTIATE_TEST_SUITE_P(
         ReadCase{"NothingAfterByteFF", "[S]\na =1\xff\nb =2\n", "S", "b", "<-4>"},
         ReadCase{"Duplicates", "[S]\na =1\na =2\n", "S", "a@2", "2"},
         ReadCase{"DuplicateSections", "[S]\na =1\n[S]\na =2\n", "S", "a@2", "<-4>"},
-        ReadCase{"TrailingBlanksOnlyFromLastChunk",
-                 "[S]\na =xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
-                 "xxxxxxxxxxxxxxxxxxxxx  \n",
-                 "S", "a",
-                 "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
-                 "xxxxxxxxxxxxxxxxxxxxx "},
+        ReadCase{
+            "TrailingBlanksOnlyFromLastChunk",
+            "[S]\na =xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
+            "xxxxxxxxxxxxxxxxxxxxx  \n",
+            "S", "a",
+            "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
+            "xxxxxxxxxxxxxxxxxxxxx "},
         ReadCase{"ValueOverChunks",
                  "[S]\na =0123456789012345678901234567890123456789012345678901234567890123456789"
                  "012345678901234567890123456789 end\n",
@@ -92,13 +93,13 @@ TEST_P(EnvReadError, ReportsAndKeepsEarlierSections) {
   EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), c.sections_kept);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Errors, EnvReadError,
-    ::testing::Values(ErrorCase{"[A]\na =1\n}\n", "Section waited", 1},
-                      ErrorCase{"[A]\na =1\n[B]\nb ={\nc =1\n", "Cbracesymbol waited", 1},
-                      ErrorCase{"[A]\n[B]\nname", "Equal sign waited", 1},
-                      ErrorCase{"[A]\nx ={\n[B]\n", "Cbracesymbol waited", 0},
-                      ErrorCase{"[A]\n=1\n", "Section waited", 1}));
+INSTANTIATE_TEST_SUITE_P(Errors, EnvReadError,
+                         ::testing::Values(ErrorCase{"[A]\na =1\n}\n", "Section waited", 1},
+                                           ErrorCase{"[A]\na =1\n[B]\nb ={\nc =1\n",
+                                                     "Cbracesymbol waited", 1},
+                                           ErrorCase{"[A]\n[B]\nname", "Equal sign waited", 1},
+                                           ErrorCase{"[A]\nx ={\n[B]\n", "Cbracesymbol waited", 0},
+                                           ErrorCase{"[A]\n=1\n", "Section waited", 1}));
 
 // Reading and writing need a root environment.
 TEST(EnvReadWrite, SubenvironmentAndNullAreRefused) {
@@ -125,10 +126,12 @@ TEST(EnvRead, DeepNestingNeedsNoDeepStack) {
   ASSERT_EQ(read_text(env, text), ENV_OK);
   EXPECT_EQ(env_check(env, "S", "leaf", 0), ENV_DATA);
   int leaves = 0;
-  EXPECT_EQ(env_traverse_leafs(
-                env, [](EnvHandle*, const char*, const char*, void* n) { return ++*static_cast<int*>(n); },
-                &leaves),
-            ENV_OK);
+  EXPECT_EQ(
+      env_traverse_leafs(
+          env,
+          [](EnvHandle*, const char*, const char*, void* n) { return ++*static_cast<int*>(n); },
+          &leaves),
+      ENV_OK);
   EXPECT_EQ(leaves, 1);
 }
 
@@ -137,7 +140,8 @@ TEST(EnvRead, DeepNestingNeedsNoDeepStack) {
 TEST(EnvFiles, ReadsLikeTheCallbackWithTextModeLineEnds) {
   qnutil_test::ScratchDir dir;
   std::string text = "[S]\r\na =1\r\nb ={\r\n c =x\\\r\ny\r\n}\r\nlone =a\rb\r\n";
-  for (int i = 0; i < 20000; ++i) text += "key" + std::to_string(i) + " =value " + std::to_string(i) + "\r\n";
+  for (int i = 0; i < 20000; ++i)
+    text += "key" + std::to_string(i) + " =value " + std::to_string(i) + "\r\n";
   const std::string file = dir.file("settings.env");
   qnutil_test::write_file(file, text + "\x1a[T]\n");
   Env env;
@@ -158,8 +162,8 @@ TEST(EnvFiles, UnopenableFilesAreReported) {
   const std::string missing = dir.file("missing.env");
   EXPECT_EQ(env_read_file(missing.c_str(), env), ENV_ERROR);
   env_write_file(dir.file("no/such/dir/x.env").c_str(), env);  // reported without its name
-  EXPECT_EQ(texts(capture), (std::vector<std::string>{"cann't open to read: " + missing,
-                                                      "cann't open to write:"}));
+  EXPECT_EQ(texts(capture),
+            (std::vector<std::string>{"cann't open to read: " + missing, "cann't open to write:"}));
 }
 
 }  // namespace

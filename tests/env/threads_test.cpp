@@ -31,8 +31,8 @@ int work_on_own_environment(int id) {
     long answered = 0;
     char name[16];
     int kinds = 0;
-    for (int kind = env_get_first(env, nullptr, nullptr, 1, &answered, sizeof name, name, 0, nullptr,
-                                  nullptr);
+    for (int kind = env_get_first(env, nullptr, nullptr, 1, &answered, sizeof name, name, 0,
+                                  nullptr, nullptr);
          kind == ENV_DATA || kind == ENV_BLOCK || kind == ENV_EXTERNAL;
          kind = env_get_next(sizeof name, name, 0, nullptr, nullptr))
       ++kinds;

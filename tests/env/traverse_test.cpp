@@ -27,10 +27,12 @@ int QNUTIL_CALL record_leaf(EnvHandle* sub, const char* section, const char* pat
 std::string iterate(EnvHandle* env, const char* section, int name_size = 8, long* id = nullptr) {
   char name[8], value[8];
   std::string out;
-  int kind = env_get_first(env, section, nullptr, 1, id, name_size, name, sizeof value, value, nullptr);
+  int kind =
+      env_get_first(env, section, nullptr, 1, id, name_size, name, sizeof value, value, nullptr);
   for (; kind == ENV_DATA || kind == ENV_BLOCK;
        kind = env_get_next(name_size, name, sizeof value, value, nullptr))
-    out += " " + std::to_string(kind) + " " + name + (kind == ENV_DATA ? "=" + std::string(value) : "");
+    out += " " + std::to_string(kind) + " " + name +
+           (kind == ENV_DATA ? "=" + std::string(value) : "");
   const int after = env_get_next(name_size, name, 0, nullptr, nullptr);
   return out + " " + std::to_string(kind) + " " + std::to_string(after);
 }
@@ -57,7 +59,8 @@ TEST(EnvTraverse, VisitsTheBlocksElements) {
   EXPECT_EQ(env_traverse(env, "S", nullptr, 1, record, &visits), ENV_OK);
   EXPECT_EQ(env_traverse(env, "T", "b", 1, record, &visits), ENV_OK);
   EXPECT_EQ(env_traverse(env, nullptr, nullptr, 1, record, &visits), ENV_OK);
-  EXPECT_EQ(visits, (Visits{"S|x@1|1", "S|y@1|2", "S|x@2|3", "T|b@c@1|4", "S|<null>|", "T|<null>|"}));
+  EXPECT_EQ(visits,
+            (Visits{"S|x@1|1", "S|y@1|2", "S|x@2|3", "T|b@c@1|4", "S|<null>|", "T|<null>|"}));
   for (const char* path : {"e", "none", "d"})
     EXPECT_EQ(env_traverse(env, "T", path, 1, record, &visits), ENV_BLOCK) << path;
   EXPECT_EQ(env_traverse(nullptr, "S", nullptr, 1, record, &visits), ENV_ERROR);
@@ -72,8 +75,7 @@ TEST(EnvTraverse, LeavesDepthFirstWithFullPaths) {
   ASSERT_EQ(env_put_external(env, "T", "ext", 1), ENV_OK);
   Visits visits;
   EXPECT_EQ(env_traverse_leafs(env, record_leaf, &visits), ENV_OK);
-  EXPECT_EQ(visits, (Visits{"S|a@1|1", "S|b@1@c@1|2", "S|b@1@c@2|3",
-                          "T|z@1|4", "T|ext@1|"}));
+  EXPECT_EQ(visits, (Visits{"S|a@1|1", "S|b@1@c@1|2", "S|b@1@c@2|3", "T|z@1|4", "T|ext@1|"}));
   visits.clear();
   env_set_delimiter("::");  // walk paths use the whole delimiter
   EXPECT_EQ(env_traverse_leafs(env, record_leaf, &visits), ENV_OK);
@@ -126,10 +128,11 @@ INSTANTIATE_TEST_SUITE_P(
     Modes, EnvSinkMode,
     ::testing::Values(
         SinkCase{0, "[S]\n  a =old\n  b ={\n    c =old c\n  }\n  only =src\n"},  // keep existing
-        SinkCase{1, "[S]\n  a =old\n  b ={\n    c =old c\n    c =new c\n  }\n  a =new\n"
-                    "  only =src\n"},                                         // append
+        SinkCase{1,
+                 "[S]\n  a =old\n  b ={\n    c =old c\n    c =new c\n  }\n  a =new\n"
+                 "  only =src\n"},                                               // append
         SinkCase{2, "[S]\n  a =new\n  b ={\n    c =new c\n  }\n  only =src\n"},  // overwrite
-        SinkCase{3, "[S]\n  a =new\n  b ={\n    c =new c\n  }\n"}));        // only existing
+        SinkCase{3, "[S]\n  a =new\n  b ={\n    c =new c\n  }\n"}));             // only existing
 
 TEST_F(EnvSink, BadModeAndLongTexts) {
   MessageCapture capture;

@@ -41,10 +41,14 @@ TEST_P(EnvScanner, ParsesExactlyOneNumber) {
   ASSERT_EQ(env_put(env, "S", "v", c.text), ENV_OK);
   long l = -99;
   EXPECT_EQ(env_get_long(env, "S", "v", 1, &l), c.long_result);
-  if (c.long_result == 1) { EXPECT_EQ(l, c.long_value); }
+  if (c.long_result == 1) {
+    EXPECT_EQ(l, c.long_value);
+  }
   double d = -99;
   EXPECT_EQ(env_get_double(env, "S", "v", 1, &d), c.double_result);
-  if (c.double_result == 1) { EXPECT_EQ(d, c.double_value); }
+  if (c.double_result == 1) {
+    EXPECT_EQ(d, c.double_value);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -99,8 +103,7 @@ TEST(EnvValues, ListsRoundTripWithinCapacity) {
 TEST(EnvValues, PutListDropsWhatDoesNotFit) {
   Env env;
   std::vector<long> values(400, 1000000);  // 7 digits + comma each
-  ASSERT_EQ(env_put_longs(env, "S", "l", static_cast<int>(values.size()), values.data()),
-            ENV_OK);
+  ASSERT_EQ(env_put_longs(env, "S", "l", static_cast<int>(values.size()), values.data()), ENV_OK);
   const std::string text = get_text(env, "S", "l");
   EXPECT_EQ(text.size(), 127u * 8 + 7);  // 128 values: 1023 bytes
   EXPECT_LT(text.size(), 1024u);

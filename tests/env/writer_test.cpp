@@ -11,10 +11,12 @@ namespace {
 // Blanks around a text are written but not read back.
 TEST(EnvWrite, Layout) {
   Env env;
-  put_all(env, {{"Section1", "width", "12.5"}, {"Section1", "list", "1,2,3"},
+  put_all(env, {{"Section1", "width", "12.5"},
+                {"Section1", "list", "1,2,3"},
                 {"Section1", "frame@color", "red"}});
   ASSERT_EQ(env_put_external(env, "Section1", "frame@handle", 7), ENV_OK);  // not written
-  put_all(env, {{"Section1", "pad", "  x  "}, {"Section2", nullptr, "x"}, {"Section3", "empty@x", "1"}});
+  put_all(env,
+          {{"Section1", "pad", "  x  "}, {"Section2", nullptr, "x"}, {"Section3", "empty@x", "1"}});
   ASSERT_EQ(env_delete(env, "Section3", "empty@x"), ENV_OK);
   const std::string text = write_text(env);
   EXPECT_EQ(text,
@@ -133,7 +135,8 @@ class TreeGenerator {
   std::mt19937 random_;
 };
 
-int QNUTIL_CALL expect_same_leaf(EnvHandle* leaf, const char* section, const char* path, void* other) {
+int QNUTIL_CALL expect_same_leaf(EnvHandle* leaf, const char* section, const char* path,
+                                 void* other) {
   char* mine = nullptr;
   char* theirs = nullptr;
   if (env_get_reference(leaf, nullptr, nullptr, 1, &mine) < 0 ||

@@ -94,8 +94,9 @@ TEST_F(Fio, AppendAndTextModesIgnoreTheHeader) {
   EXPECT_EQ(file->byteOrder, QNUTIL_FIO_LITTLE_ENDIAN);
   EXPECT_EQ(fio_getchar(file, nullptr), '1');
   fio_close(file);
-  for (auto [mode, name] : {std::pair{QNUTIL_FIO_APPEND | QNUTIL_FIO_HEADER, "data.bin"},
-                            std::pair{QNUTIL_FIO_WRITE | QNUTIL_FIO_TEXT | QNUTIL_FIO_HEADER, "text.txt"}}) {
+  for (auto [mode, name] :
+       {std::pair{QNUTIL_FIO_APPEND | QNUTIL_FIO_HEADER, "data.bin"},
+        std::pair{QNUTIL_FIO_WRITE | QNUTIL_FIO_TEXT | QNUTIL_FIO_HEADER, "text.txt"}}) {
     file = open(mode, name);
     ASSERT_NE(file, nullptr);
     fio_putchar(file, '+');
@@ -159,19 +160,19 @@ TEST(GetString, ReadsSuccessiveFields) {
     std::string input;
     int max;
     std::vector<std::pair<int, std::string>> fields;  // results of successive calls
-  } cases[] = {
-      {"", 10, {{-1, ""}}}, {"x", 10, {{0, "x"}, {-1, ""}}},
-      {"abc\ndef", 10, {{0, "abc"}, {0, "def"}, {-1, ""}}},
-      // The line feed after a carriage return is kept, once.
-      {"abc\r\ndef\r\n", 10, {{0, "abc\n"}, {0, "def\n"}, {-1, ""}}},
-      {"ab\rcd", 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
-      // A carriage return at the end pushes back 0xFF.
-      {"ab\r", 10, {{0, "ab"}, {0, "\xFF"}, {-1, ""}}},
-      {"ab\0cd"s, 10, {{0, "ab"}, {0, "cd"}}},
-      {"ab\r\0cd"s, 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
-      {"abcdefg\n", 3, {{0, "abc"}, {0, "def"}, {0, "g"}, {-1, ""}}},
-      {"abc\n", 3, {{0, "abc"}, {0, ""}, {-1, ""}}},
-      {"\n\n", 5, {{0, ""}, {0, ""}, {-1, ""}}}};
+  } cases[] = {{"", 10, {{-1, ""}}},
+               {"x", 10, {{0, "x"}, {-1, ""}}},
+               {"abc\ndef", 10, {{0, "abc"}, {0, "def"}, {-1, ""}}},
+               // The line feed after a carriage return is kept, once.
+               {"abc\r\ndef\r\n", 10, {{0, "abc\n"}, {0, "def\n"}, {-1, ""}}},
+               {"ab\rcd", 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
+               // A carriage return at the end pushes back 0xFF.
+               {"ab\r", 10, {{0, "ab"}, {0, "\xFF"}, {-1, ""}}},
+               {"ab\0cd"s, 10, {{0, "ab"}, {0, "cd"}}},
+               {"ab\r\0cd"s, 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
+               {"abcdefg\n", 3, {{0, "abc"}, {0, "def"}, {0, "g"}, {-1, ""}}},
+               {"abc\n", 3, {{0, "abc"}, {0, ""}, {-1, ""}}},
+               {"\n\n", 5, {{0, ""}, {0, ""}, {-1, ""}}}};
   for (const auto& c : cases) {
     StreamFile stream(c.input);
     for (const auto& [result, text] : c.fields) {

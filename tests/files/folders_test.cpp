@@ -57,14 +57,19 @@ TEST(ProgPathAppData, AppendsTheHostsFoldersWhenTheyFit) {
 #ifdef _WIN32
   unsigned major = 0, minor = 0;
   QnUtil_GetOperatingSystem(&major, &minor);
-  if ((major == 5 && minor <= 2) || (major == 6 && minor == 0)) GTEST_SKIP() << "system keeps the folder";
+  if ((major == 5 && minor <= 2) || (major == 6 && minor == 0))
+    GTEST_SKIP() << "system keeps the folder";
 #endif
   const std::string folders = "Quarn Software GmbH\\Quarn +2011\\Programm";
   const std::string longest = "D:\\" + std::string(215, 'x');
-  const std::pair<std::string, std::string> rows[] = {  // base, result ("": refused)
-      {"D:\\data", "D:\\data\\" + folders}, {"D:\\data\\", "D:\\data\\" + folders}, {"", folders},
-      {"data", "data" + folders}, {"\\", "\\" + folders}, {longest, longest + "\\" + folders},
-      {longest + "x", ""}};
+  const std::pair<std::string, std::string> rows[] = {// base, result ("": refused)
+                                                      {"D:\\data", "D:\\data\\" + folders},
+                                                      {"D:\\data\\", "D:\\data\\" + folders},
+                                                      {"", folders},
+                                                      {"data", "data" + folders},
+                                                      {"\\", "\\" + folders},
+                                                      {longest, longest + "\\" + folders},
+                                                      {longest + "x", ""}};
   for (const auto& [base, result] : rows) {
     char buf[260];
     std::strcpy(buf, native(base).c_str());
@@ -106,9 +111,12 @@ TEST(ProgPathRoamingAppData, FollowsTheXdgRules) {
     const char *data_home, *home;
     int result;
     const char* expected;
-  } rows[] = {{"/srv/data", "/home/u", 1, "/srv/data"}, {nullptr, "/home/u", 1, "/home/u/.local/share"},
-              {"relative/data", "/home/u", 1, "/home/u/.local/share"}, {nullptr, nullptr, 0, "unchanged"},
-              {nullptr, "", 0, "unchanged"}, {nullptr, long_home.c_str(), 0, "unchanged"}};
+  } rows[] = {{"/srv/data", "/home/u", 1, "/srv/data"},
+              {nullptr, "/home/u", 1, "/home/u/.local/share"},
+              {"relative/data", "/home/u", 1, "/home/u/.local/share"},
+              {nullptr, nullptr, 0, "unchanged"},
+              {nullptr, "", 0, "unchanged"},
+              {nullptr, long_home.c_str(), 0, "unchanged"}};
   for (const auto& row : rows) {
     ScopedVariable data_home("XDG_DATA_HOME", row.data_home);
     ScopedVariable home("HOME", row.home);
@@ -138,8 +146,8 @@ TEST(ProgPathRoamingAppData, IsTheShellsRoamingFolder) {
 struct TestKey {
   TestKey() {
     HKEY key = nullptr;
-    created = RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
-                              &key, nullptr) == ERROR_SUCCESS;
+    created = RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
+                              nullptr, &key, nullptr) == ERROR_SUCCESS;
     if (created) RegCloseKey(key);
   }
   ~TestKey() {
@@ -162,14 +170,19 @@ TEST(InstallLocation, CopiesWholeValuesThatFit) {
     std::string stored;  // bytes as stored, terminator included where wanted
     int size;            // the caller's buffer size
     int result;
-  } rows[] = {{REG_SZ, path, 9, 1}, {REG_SZ, path, 8, 0}, {REG_SZ, path, 260, 1}, {REG_SZ, path, -1, 0},
-              {REG_BINARY, "", 100, 0}, {REG_BINARY, std::string(2048, 'v'), 4096, 1},
+  } rows[] = {{REG_SZ, path, 9, 1},
+              {REG_SZ, path, 8, 0},
+              {REG_SZ, path, 260, 1},
+              {REG_SZ, path, -1, 0},
+              {REG_BINARY, "", 100, 0},
+              {REG_BINARY, std::string(2048, 'v'), 4096, 1},
               {REG_BINARY, std::string(2049, 'v'), 4096, 0}};  // beyond the read buffer
   for (const auto& row : rows) {
-    RegSetKeyValueA(HKEY_LOCAL_MACHINE, key.path.c_str(), "InstallLocation", row.type, row.stored.data(),
-                    static_cast<DWORD>(row.stored.size()));
+    RegSetKeyValueA(HKEY_LOCAL_MACHINE, key.path.c_str(), "InstallLocation", row.type,
+                    row.stored.data(), static_cast<DWORD>(row.stored.size()));
     std::vector<char> buf(row.stored.size() + 8, '#');
-    EXPECT_EQ(GetLocalMachineRegistryEntry(key.path.c_str(), row.size, buf.data()), row.result) << row.size;
+    EXPECT_EQ(GetLocalMachineRegistryEntry(key.path.c_str(), row.size, buf.data()), row.result)
+        << row.size;
     const std::string expected = row.result ? row.stored : std::string(row.stored.size(), '#');
     EXPECT_EQ(std::string(buf.data(), row.stored.size()), expected) << row.size;
     EXPECT_EQ(std::string(buf.data() + row.stored.size(), 8), std::string(8, '#'));

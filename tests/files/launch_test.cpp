@@ -55,12 +55,12 @@ TEST_P(LauncherTest, MissingProgramCountsAsARun) {
   EXPECT_EQ(GetParam().launch(nullptr, nullptr), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Both, LauncherTest,
-    testing::Values(Launcher{"Quoted", QnUtil_ExecuteProgram, 0, "with space.txt", "", ""},
-                    Launcher{"CommandLine", QnUtil_ExecuteProgramEX, 1, "args.txt", " alpha  beta",
-                             "alpha\nbeta\n"}),
-    [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Both, LauncherTest,
+                         testing::Values(Launcher{"Quoted", QnUtil_ExecuteProgram, 0,
+                                                  "with space.txt", "", ""},
+                                         Launcher{"CommandLine", QnUtil_ExecuteProgramEX, 1,
+                                                  "args.txt", " alpha  beta", "alpha\nbeta\n"}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 #ifdef _WIN32
 
@@ -79,8 +79,8 @@ TEST_P(LauncherTest, EmptiesTheQueueDispatchingAsDesigned) {
   window_class.lpfnWndProc = count_dispatches;
   window_class.lpszClassName = "QnUtilLaunchTestWindow";
   RegisterClassA(&window_class);
-  const HWND window = CreateWindowExA(0, window_class.lpszClassName, "", 0, 0, 0, 0, 0, HWND_MESSAGE,
-                                      nullptr, nullptr, nullptr);
+  const HWND window = CreateWindowExA(0, window_class.lpszClassName, "", 0, 0, 0, 0, 0,
+                                      HWND_MESSAGE, nullptr, nullptr, nullptr);
   ASSERT_NE(window, nullptr);
   g_dispatched = 0;
   ScratchDir dir;

@@ -27,9 +27,8 @@ struct Version {
   bool common_folder;  // the folder rule's branch
 };
 
-const Version kVersions[] = {{"win2k", 5, 0, true},    {"winxp", 5, 1, true},
-                             {"win2003", 5, 2, true},  {"vista", 6, 0, true},
-                             {"win7", 6, 1, false},    {"win8", 6, 2, false}};
+const Version kVersions[] = {{"win2k", 5, 0, true}, {"winxp", 5, 1, true}, {"win2003", 5, 2, true},
+                             {"vista", 6, 0, true}, {"win7", 6, 1, false}, {"win8", 6, 2, false}};
 
 Version g_expected;
 
@@ -63,7 +62,8 @@ std::string app_defaults_key() {
 }
 
 bool configure_version(const char* wine_name) {
-  return RegSetKeyValueA(HKEY_CURRENT_USER, app_defaults_key().c_str(), "Version", REG_SZ, wine_name,
+  return RegSetKeyValueA(HKEY_CURRENT_USER, app_defaults_key().c_str(), "Version", REG_SZ,
+                         wine_name,
                          static_cast<DWORD>(std::strlen(wine_name) + 1)) == ERROR_SUCCESS;
 }
 

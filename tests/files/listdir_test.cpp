@@ -47,8 +47,9 @@ bool set_mtime(const fs::path& path, std::int64_t seconds) {
                             OPEN_EXISTING, 0, nullptr);
   if (file == INVALID_HANDLE_VALUE) return false;
   FILETIME stored{};
-  const bool ok = SetFileTime(file, nullptr, nullptr, &time) && GetFileTime(file, nullptr, nullptr, &stored) &&
-                  stored.dwLowDateTime == time.dwLowDateTime && stored.dwHighDateTime == time.dwHighDateTime;
+  const bool ok =
+      SetFileTime(file, nullptr, nullptr, &time) && GetFileTime(file, nullptr, nullptr, &stored) &&
+      stored.dwLowDateTime == time.dwLowDateTime && stored.dwHighDateTime == time.dwHighDateTime;
   CloseHandle(file);
   return ok;
 #else
@@ -76,7 +77,8 @@ TEST(Listdir, MissingFolderNoMatchAndNullOutputsFail) {
 // lists folders and the folder itself too.
 TEST(Listdir, ListsEveryMatchWithItsKindAndSize) {
   ScratchDir dir;
-  for (int i = 0; i < 25; ++i) write_file(dir.file("f" + std::to_string(i) + ".dat"), std::string(i, 'x'));
+  for (int i = 0; i < 25; ++i)
+    write_file(dir.file("f" + std::to_string(i) + ".dat"), std::string(i, 'x'));
   fs::create_directory(dir.path() / "sub");
   for (const char* pattern : {"*.dat", "", static_cast<const char*>(nullptr)}) {
     const bool everything = pattern == nullptr || *pattern == '\0';
@@ -117,18 +119,18 @@ TEST_P(ListdirPattern, MatchesLikeWindows) {
 
 INSTANTIATE_TEST_SUITE_P(
     Wildcards, ListdirPattern,
-    ::testing::Values(
-        PatternCase{"*.*", {"a1.dat", "ab.dat", "alpha.txt", "beta.TXT", "gamma", "x.y.z"}},
-        PatternCase{"*.txt", {"alpha.txt", "beta.TXT"}}, PatternCase{"a?.dat", {"a1.dat", "ab.dat"}},
-        PatternCase{"GAMMA", {"gamma"}}, PatternCase{"*.z", {"x.y.z"}},
-        PatternCase{"x.*", {"x.y.z"}}));
+    ::testing::Values(PatternCase{"*.*",
+                                  {"a1.dat", "ab.dat", "alpha.txt", "beta.TXT", "gamma", "x.y.z"}},
+                      PatternCase{"*.txt", {"alpha.txt", "beta.TXT"}},
+                      PatternCase{"a?.dat", {"a1.dat", "ab.dat"}}, PatternCase{"GAMMA", {"gamma"}},
+                      PatternCase{"*.z", {"x.y.z"}}, PatternCase{"x.*", {"x.y.z"}}));
 
 TEST(Listdir, ReportsAttributes) {
   ScratchDir dir;
   write_file(dir.file("plain"), "");
   write_file(dir.file("locked"), "");
-  fs::permissions(dir.path() / "locked", fs::perms::owner_write | fs::perms::group_write |
-                                             fs::perms::others_write,
+  fs::permissions(dir.path() / "locked",
+                  fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
                   fs::perm_options::remove);
 #ifdef _WIN32
   write_file(dir.file("hidden"), "");
@@ -163,7 +165,8 @@ TEST(Listdir, ReportsLastWriteTimeOrNewYear1980) {
     GTEST_SKIP() << "Wine's run-time does not report unknown times";
   }
 #endif
-  if (!set_mtime(dir.path() / "ancient", -86400 * 365)) GTEST_SKIP() << "file system keeps no time before 1970";
+  if (!set_mtime(dir.path() / "ancient", -86400 * 365))
+    GTEST_SKIP() << "file system keeps no time before 1970";
   EXPECT_EQ(list(dir.path().string(), nullptr).entries.at("ancient").mtime, 315529200u);
 }
 

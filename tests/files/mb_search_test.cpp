@@ -127,16 +127,15 @@ TEST_F(MbSearch, FindsFilesThroughTheConfiguration) {
     const char* key;
     const char* file;
     std::string expected;  // "-1" when not found
-  } cases[] = {
-      {"Pfade", "liste", "Here.dat", makepath(cwd_, "Here.dat")},
-      {"Pfade", "liste", "there.dat", makepath(mb_.path().string(), "there.dat")},
-      {"Pfade", "liste", "wanted.dat", makepath(second.path().string(), "wanted.dat")},
-      {"Pfade", "liste", "absent.dat", "-1"},
-      {"Pfade", "leer", "wanted.dat", "-1"},
-      {"Pfade", "fehlt", "inside.dat", makepath("_TheDefault_", "inside.dat")},
-      {nullptr, "liste", "absent.dat", makepath("", configuration)},
-      {"", "liste", "absent.dat", makepath("", configuration)},
-      {"Pfade", "", "absent.dat", makepath("", configuration)}};
+  } cases[] = {{"Pfade", "liste", "Here.dat", makepath(cwd_, "Here.dat")},
+               {"Pfade", "liste", "there.dat", makepath(mb_.path().string(), "there.dat")},
+               {"Pfade", "liste", "wanted.dat", makepath(second.path().string(), "wanted.dat")},
+               {"Pfade", "liste", "absent.dat", "-1"},
+               {"Pfade", "leer", "wanted.dat", "-1"},
+               {"Pfade", "fehlt", "inside.dat", makepath("_TheDefault_", "inside.dat")},
+               {nullptr, "liste", "absent.dat", makepath("", configuration)},
+               {"", "liste", "absent.dat", makepath("", configuration)},
+               {"Pfade", "", "absent.dat", makepath("", configuration)}};
   for (const auto& c : cases) {
     char out[QNUTIL_PATH_SIZE];
     const int result = QnUtil_MB_SucheDatei(c.section, c.key, c.file, out);
@@ -178,17 +177,18 @@ TEST(MbIniReadString, CopiesOrReportsTheLength) {
     int result;
     int len_after;
     std::string written;  // bytes written to the start of the buffer
-  } cases[] = {
-      // No room for more: the length is reported and the value still copied.
-      {"nine", 10, 0, 9, "123456789\0"s}, {"nine", 5, 0, 9, "123456789\0"s},
-      // Room to spare: the len - 1 bytes are zero-filled.
-      {"nine", 12, 0, 12, "123456789\0\0"s},
-      {"missing", 20, 0, 20, "_TheDefault_\0\0\0\0\0\0\0"s},
-      {"empty", 12, 6, 12, ""}};
+  } cases[] = {           // No room for more: the length is reported and the value still copied.
+               {"nine", 10, 0, 9, "123456789\0"s},
+               {"nine", 5, 0, 9, "123456789\0"s},
+               // Room to spare: the len - 1 bytes are zero-filled.
+               {"nine", 12, 0, 12, "123456789\0\0"s},
+               {"missing", 20, 0, 20, "_TheDefault_\0\0\0\0\0\0\0"s},
+               {"empty", 12, 6, 12, ""}};
   for (const auto& c : cases) {
     std::string buf(24, '#');
     int len = c.len;
-    EXPECT_EQ(QnUtil_MB_IniReadString(dir.file("x.ini").c_str(), "S", c.key, buf.data(), &len), c.result)
+    EXPECT_EQ(QnUtil_MB_IniReadString(dir.file("x.ini").c_str(), "S", c.key, buf.data(), &len),
+              c.result)
         << c.key;
     EXPECT_EQ(len, c.len_after) << c.key << " " << c.len;
     EXPECT_EQ(buf, c.written + std::string(24 - c.written.size(), '#')) << c.key << " " << c.len;

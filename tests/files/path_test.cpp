@@ -65,29 +65,30 @@ TEST_P(MakepathTest, ComposesPieces) {
 using C = ComposeCase;
 INSTANTIATE_TEST_SUITE_P(
     RelativePieces, MakepathTest,
-    ::testing::Values(C{"/Base", "Sub", "f.TXT", "/Base/Sub/f.TXT"}, C{nullptr, nullptr, nullptr, ""},
-                      C{"", "", "", ""}, C{nullptr, "sub/", "f.txt", "sub/f.txt"},
-                      C{nullptr, "sub/", "/f.txt", "sub/f.txt"}, C{nullptr, "sub", "/f.txt", "sub/f.txt"},
-                      C{"base", nullptr, "f", "base/f"}, C{nullptr, "Sub", nullptr, "Sub"},
-                      C{"b", "s", nullptr, "b/s"}, C{"b/", "/s/", "f", "b/s/f"}, C{"", "", "x", "x"},
+    ::testing::Values(C{"/Base", "Sub", "f.TXT", "/Base/Sub/f.TXT"},
+                      C{nullptr, nullptr, nullptr, ""}, C{"", "", "", ""},
+                      C{nullptr, "sub/", "f.txt", "sub/f.txt"},
+                      C{nullptr, "sub/", "/f.txt", "sub/f.txt"},
+                      C{nullptr, "sub", "/f.txt", "sub/f.txt"}, C{"base", nullptr, "f", "base/f"},
+                      C{nullptr, "Sub", nullptr, "Sub"}, C{"b", "s", nullptr, "b/s"},
+                      C{"b/", "/s/", "f", "b/s/f"}, C{"", "", "x", "x"},
                       C{"a", "b.c", "d.e", "a/b.c/d.e"}, C{"a", "b", "c/d/e.f", "a/b/c/d/e.f"},
                       C{"/", nullptr, "f", "/f"}, C{"a", "", "f", "a/f"}));
 
 #ifdef _WIN32
-INSTANTIATE_TEST_SUITE_P(
-    DriveEndsTheClimb, MakepathTest,
-    ::testing::Values(C{"C:\\base", "sub", "f.TXT", "c:\\base\\sub\\f.txt"},
-                      C{"C:\\base", "sub", "D:\\x\\f.txt", "d:\\x\\f.txt"},
-                      C{"C:\\b", "E:\\s", "f", "e:\\s\\f"}, C{"C:\\b", "s", "D:f", "d:f"},
-                      C{"C:", "s", "f", "c:s\\f"}));
+INSTANTIATE_TEST_SUITE_P(DriveEndsTheClimb, MakepathTest,
+                         ::testing::Values(C{"C:\\base", "sub", "f.TXT", "c:\\base\\sub\\f.txt"},
+                                           C{"C:\\base", "sub", "D:\\x\\f.txt", "d:\\x\\f.txt"},
+                                           C{"C:\\b", "E:\\s", "f", "e:\\s\\f"},
+                                           C{"C:\\b", "s", "D:f", "d:f"},
+                                           C{"C:", "s", "f", "c:s\\f"}));
 
 // Only a backslash counts as the separator at a joint.
 TEST(Makepath, SlashIsNoBackslashAtTheJoint) { EXPECT_EQ(makepath(nullptr, "a/", "\\f"), "a/\\f"); }
 #else
-INSTANTIATE_TEST_SUITE_P(
-    NoDriveLetters, MakepathTest,
-    ::testing::Values(C{"C:/base", "Sub", "D:/f.TXT", "C:/base/Sub/D:/f.TXT"},
-                      C{nullptr, "a\\", "f", "a\\/f"}));
+INSTANTIATE_TEST_SUITE_P(NoDriveLetters, MakepathTest,
+                         ::testing::Values(C{"C:/base", "Sub", "D:/f.TXT", "C:/base/Sub/D:/f.TXT"},
+                                           C{nullptr, "a\\", "f", "a\\/f"}));
 #endif
 
 TEST(Makepath, NullOutputWritesNothingAndOverlongResultIsCut) {
@@ -108,10 +109,14 @@ TEST(Divide, SplitsIntoThreePieces) {
     const char* path;
     const char* dir;
     const char* name;
-  } cases[] = {{nullptr, "", ""},         {"", "", ""},
-               {"f.txt", "", "f.txt"},    {"/a/b/f.tar.gz", "/a/b/", "f.tar.gz"},
-               {"a/b/", "a/b/", ""},      {".profile", "", ".profile"},
-               {"a.d/noext", "a.d/", "noext"}, {long_path.c_str(), long_dir.c_str(), long_name.c_str()}};
+  } cases[] = {{nullptr, "", ""},
+               {"", "", ""},
+               {"f.txt", "", "f.txt"},
+               {"/a/b/f.tar.gz", "/a/b/", "f.tar.gz"},
+               {"a/b/", "a/b/", ""},
+               {".profile", "", ".profile"},
+               {"a.d/noext", "a.d/", "noext"},
+               {long_path.c_str(), long_dir.c_str(), long_name.c_str()}};
   for (const auto& c : cases) {
     std::string path, dir, name;
     char drive_out[QNUTIL_DRIVE_SIZE] = "x", dir_out[QNUTIL_FOLDER_SIZE] = "x";
@@ -141,8 +146,8 @@ TEST(Divide, AgreesWithTheRunTimeSplitter) {
 
 TEST(GetExtensionPos, FindsTheLastDotAfterTheFirstCharacter) {
   const std::pair<const char*, int> cases[] = {
-      {"a", -1},   {"", -1},   {".x", -1}, {nullptr, -1},        {"a.b.c", 3},
-      {"ab.", 2},  {"a.", 1},  {"..", 1},  {"dir.d\\file", 3}, {"dir.d/file", 3}};
+      {"a", -1},  {"", -1},  {".x", -1}, {nullptr, -1},      {"a.b.c", 3},
+      {"ab.", 2}, {"a.", 1}, {"..", 1},  {"dir.d\\file", 3}, {"dir.d/file", 3}};
   for (const auto& [name, position] : cases)
     EXPECT_EQ(QnUtil_GetExtensionPos(name), position) << (name ? name : "null");
 }

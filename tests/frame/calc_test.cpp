@@ -27,7 +27,8 @@ bool register_calculator(const std::string& server) {
   std::snprintf(key, sizeof key, "%s\\InprocServer32", kClassKey);
   return RegSetKeyValueA(HKEY_LOCAL_MACHINE, key, nullptr, REG_SZ, server.c_str(),
                          static_cast<DWORD>(server.size() + 1)) == ERROR_SUCCESS &&
-         RegSetKeyValueA(HKEY_LOCAL_MACHINE, key, "ThreadingModel", REG_SZ, "Both", 5) == ERROR_SUCCESS;
+         RegSetKeyValueA(HKEY_LOCAL_MACHINE, key, "ThreadingModel", REG_SZ, "Both", 5) ==
+             ERROR_SUCCESS;
 }
 #endif
 
@@ -47,7 +48,8 @@ TEST(CalculatorMissing, EveryCallShowsTheNoticeAndDoesNothing) {
   EXPECT_STREQ(text, "untouched");
   EXPECT_EQ(value, -1.0);
   ASSERT_EQ(capture.boxes().size(), 5u);
-  for (const auto& box : capture.boxes()) EXPECT_EQ(box.text, "Keine Verbindung zum Calculator(COM-Objekt)");
+  for (const auto& box : capture.boxes())
+    EXPECT_EQ(box.text, "Keine Verbindung zum Calculator(COM-Objekt)");
 }
 
 #ifdef _WIN32
@@ -149,16 +151,15 @@ TEST_P(CalculatorAnswer, ArgumentsGoOutAndResultsComeBack) {
 
 INSTANTIATE_TEST_SUITE_P(
     Answers, CalculatorAnswer,
-    testing::Values(
-        AnswerCase{S_OK, 4096, L"-0,13 m", "-0,13 m", 4096, 1234.5, "-0,13 m"},
-        AnswerCase{S_OK, 4096, L"Klammer fehlt \x00FC", "Klammer fehlt \xFC", 4096, 1234.5,
-                   "Klammer fehlt \xFC"},
-        AnswerCase{S_OK, 4096, L"", "", 4096, 1234.5, ""},
-        // No string: the error text stays, the number text becomes empty.
-        AnswerCase{S_OK, 4096, nullptr, "untouched", 4096, 1234.5, ""},
-        // Another status: the error text still comes, the conversions keep.
-        AnswerCase{S_OK, 4097, L"x", "x", 4097, -1.0, "untouched"},
-        AnswerCase{E_FAIL, 4096, L"x", "untouched", 4102, -1.0, "untouched"}));
+    testing::Values(AnswerCase{S_OK, 4096, L"-0,13 m", "-0,13 m", 4096, 1234.5, "-0,13 m"},
+                    AnswerCase{S_OK, 4096, L"Klammer fehlt \x00FC", "Klammer fehlt \xFC", 4096,
+                               1234.5, "Klammer fehlt \xFC"},
+                    AnswerCase{S_OK, 4096, L"", "", 4096, 1234.5, ""},
+                    // No string: the error text stays, the number text becomes empty.
+                    AnswerCase{S_OK, 4096, nullptr, "untouched", 4096, 1234.5, ""},
+                    // Another status: the error text still comes, the conversions keep.
+                    AnswerCase{S_OK, 4097, L"x", "x", 4097, -1.0, "untouched"},
+                    AnswerCase{E_FAIL, 4096, L"x", "untouched", 4102, -1.0, "untouched"}));
 
 #endif
 

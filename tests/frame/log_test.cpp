@@ -23,10 +23,12 @@ namespace {
 
 // Windows-1252 texts of the module's string table.
 const std::string kSubstitutedNotice =
-    "Die Datei %s konnte nicht als aktuelle Logdatei ge\xF6" "ffnet werden. \n\n"
+    "Die Datei %s konnte nicht als aktuelle Logdatei ge\xF6"
+    "ffnet werden. \n\n"
     "Meldungen werden in der Datei %s protokolliert!";
 const std::string kNoLogfileNotice =
-    "Es konnte keine Logdatei im Ausf\xFChrungsverzeichnis angelegt oder ge\xF6" "ffnet werden!";
+    "Es konnte keine Logdatei im Ausf\xFChrungsverzeichnis angelegt oder ge\xF6"
+    "ffnet werden!";
 
 std::string substituted_notice(const std::string& requested, const std::string& used) {
   std::string text = kSubstitutedNotice;

@@ -31,8 +31,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(BoxCase{"a", "b", nullptr, nullptr, 0, "MESSAGE", "ab"},
                     BoxCase{"a", nullptr, "c", nullptr, 7, "MESSAGE", "ac"},
                     BoxCase{nullptr, nullptr, nullptr, nullptr, 0, "MESSAGE", ""},
-                    BoxCase{"x", "y", "z", "qnutilenv", 42, "MESSAGE in \"qnutilenv\" line 42:",
-                            "xyz"},
+                    BoxCase{"x", "y", "z", "qnutilenv", 42,
+                            "MESSAGE in \"qnutilenv\" line 42:", "xyz"},
                     BoxCase{"", nullptr, nullptr, "", -1, "MESSAGE in \"\" line -1:", ""}));
 
 TEST(MessageHandler, NullRestoresDefaultAndStopsCapturing) {

@@ -8,9 +8,9 @@
 
 TEST(VersionResource, FileAndProductVersionMatchTheLibrary) {
   HMODULE module = nullptr;
-  ASSERT_TRUE(GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                                     GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                                 reinterpret_cast<LPCSTR>(&QnUtil_GetVersion), &module));
+  ASSERT_TRUE(GetModuleHandleExA(
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+      reinterpret_cast<LPCSTR>(&QnUtil_GetVersion), &module));
   char path[MAX_PATH];
   ASSERT_GT(GetModuleFileNameA(module, path, MAX_PATH), 0u);
   DWORD ignored = 0;

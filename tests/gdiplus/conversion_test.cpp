@@ -25,7 +25,8 @@ TEST_F(GdiPlusTest, BitmapFromBitsFlipsRowsAndAppliesAlphaOverWhite) {
   gdiPlusFreeImage(image);
 
   ASSERT_EQ(gdiPlusBitmapFromBits(bits, 2, 2, 4, 4, 128, 1, &image), 1);
-  EXPECT_TRUE(qnutil_test::near_colour(argb_at(image, 0, 1), 0xFFFF7F7F, 1));  // half red over white
+  EXPECT_TRUE(
+      qnutil_test::near_colour(argb_at(image, 0, 1), 0xFFFF7F7F, 1));  // half red over white
   gdiPlusFreeImage(image);
 
   ASSERT_EQ(gdiPlusBitmapFromBits(bits, 2, 2, 4, 4, 128, 0, &image), 1);
@@ -134,9 +135,10 @@ TEST_P(SaveImageTest, WritesTheFormatAndDecodesToThePixels) {
 // Wine's GIF decoder cannot read back the GIF its encoder writes from a
 // 32-bit image, so for GIF only the file's signature is checked.
 INSTANTIATE_TEST_SUITE_P(Formats, SaveImageTest,
-                         ::testing::Values(SavedFormat{1, "\xFF\xD8", 24}, SavedFormat{2, "GIF8", -1},
-                                           SavedFormat{3, "II*", 0}, SavedFormat{4, "\x89PNG", 0},
-                                           SavedFormat{0, "BM", 0}, SavedFormat{7, "BM", 0}));
+                         ::testing::Values(SavedFormat{1, "\xFF\xD8", 24},
+                                           SavedFormat{2, "GIF8", -1}, SavedFormat{3, "II*", 0},
+                                           SavedFormat{4, "\x89PNG", 0}, SavedFormat{0, "BM", 0},
+                                           SavedFormat{7, "BM", 0}));
 
 TEST_F(GdiPlusTest, NullHandlesAreRefused) {
   void* image = nullptr;
@@ -174,7 +176,8 @@ TEST_F(GdiPlusTest, SurfaceOnABitmapDrawsIntoIt) {
   ASSERT_EQ(gdiPlusGetHDCFromGraphics(surface, &surface_dc), 1);
   EXPECT_EQ(gdiPlusFreeHDC(surface, surface_dc), 1);
   const Gdiplus::SolidBrush green(Gdiplus::Color(255, 0, 255, 0));
-  static_cast<Gdiplus::Graphics*>(surface)->FillRectangle(&green, 0, 0, 4, 4);  // shifted by the origin
+  static_cast<Gdiplus::Graphics*>(surface)->FillRectangle(&green, 0, 0, 4,
+                                                          4);  // shifted by the origin
   EXPECT_EQ(gdiPlusFreeGraphics(surface), 1);
   EXPECT_EQ(argb_at(image, 9, 9), 0xFF00FF00u);
   EXPECT_EQ(argb_at(image, 1, 1), 0xFF000000u);

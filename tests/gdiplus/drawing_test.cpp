@@ -35,19 +35,22 @@ TEST_F(GdiPlusTest, ArcPenIsTenTimesTheWidthAndUnknownStylesAreSolid) {
 
 TEST_F(GdiPlusTest, EllipseFillStylesSolidHatchOrNone) {
   // Fill style 1: solid red inside.
-  gdiPlusDrawRotatedEllipseRGB(dc(), 10, 10, 100, 100, 0, 0, 0, 1, 0.1f, 0, 0, 0, 255, 1, 255, 0, 0);
+  gdiPlusDrawRotatedEllipseRGB(dc(), 10, 10, 100, 100, 0, 0, 0, 1, 0.1f, 0, 0, 0, 255, 1, 255, 0,
+                               0);
   EXPECT_EQ(at(60, 60), 0xFF0000u);
   // Fill style 0 and 8: only the outline.
   for (const int style : {0, 8}) {
     fill(0x0000FF00);
-    gdiPlusDrawRotatedEllipseRGB(dc(), 10, 10, 100, 100, 0, 0, 0, 1, 0.1f, 0, 0, 0, 255, style, 255, 0, 0);
+    gdiPlusDrawRotatedEllipseRGB(dc(), 10, 10, 100, 100, 0, 0, 0, 1, 0.1f, 0, 0, 0, 255, style, 255,
+                                 0, 0);
     EXPECT_EQ(at(60, 60), 0x00FF00u) << style;
   }
   // Fill style 4: a red hatch over white, whatever lay beneath. Wine and
   // Windows draw the hatch pattern differently, so only what both must
   // show is checked: the green beneath never shows, and hatch lines do.
   fill(0x0000FF00);
-  gdiPlusDrawRotatedEllipseRGB(dc(), 10, 10, 100, 100, 0, 0, 0, 1, 0.1f, 0, 0, 0, 255, 4, 255, 0, 0);
+  gdiPlusDrawRotatedEllipseRGB(dc(), 10, 10, 100, 100, 0, 0, 0, 1, 0.1f, 0, 0, 0, 255, 4, 255, 0,
+                               0);
   int green = 0, reddish = 0;
   for (int y = 50; y < 70; ++y)
     for (int x = 50; x < 70; ++x) {
@@ -74,7 +77,8 @@ TEST_F(GdiPlusTest, PolygonFills) {
   EXPECT_EQ(at(50, 50), 0x008000u);
   EXPECT_EQ(at(90, 50), 0xFFFFFFu);
   fill(0x00FFFFFF);
-  EXPECT_EQ(gdiPlusFillPolygonEX(dc(), 0, 42, 255, 0, 0, 0, square, 4), 1);  // unknown style: nothing
+  EXPECT_EQ(gdiPlusFillPolygonEX(dc(), 0, 42, 255, 0, 0, 0, square, 4),
+            1);  // unknown style: nothing
   EXPECT_EQ(dark_box().right, -1);
   EXPECT_EQ(gdiPlusFillPolygonEX(dc(), 0, 6, 255, 0, 0, 0, square, 4), 1);  // cross hatch
   const RECT box = dark_box();
@@ -89,7 +93,8 @@ TEST_F(GdiPlusTest, ColorrefRedPaintsPureRed) {
   EXPECT_EQ(at(80, 30), 0xFFFFFFu);
   fill(0x00FFFFFF);
   const POINT triangle[3] = {{0, 0}, {100, 0}, {0, 100}};
-  EXPECT_EQ(gdiPlusVerlaufPolygon(dc(), triangle, 3, 20, 20, 0, 0, 60, 60, 0x000000FF, 0x00FF0000), 1);
+  EXPECT_EQ(gdiPlusVerlaufPolygon(dc(), triangle, 3, 20, 20, 0, 0, 60, 60, 0x000000FF, 0x00FF0000),
+            1);
   EXPECT_TRUE(qnutil_test::near_colour(at(20, 20), 0xFF0000, 8));  // centre colour at the centre
   EXPECT_EQ(at(59, 59), 0xFFFFFFu);                                // outside the polygon
 }
@@ -101,9 +106,9 @@ void* quadrant_image() {
     for (int x = 0; x < 100; ++x) {
       unsigned char* p = bits + (y * 100 + x) * 4;
       const bool left = x < 50, top = y < 50;
-      p[0] = !top && left ? 255 : 0;      // blue: bottom left
-      p[1] = top && !left ? 255 : 0;      // green: top right
-      p[2] = top && left ? 255 : 0;       // red: top left
+      p[0] = !top && left ? 255 : 0;  // blue: bottom left
+      p[1] = top && !left ? 255 : 0;  // green: top right
+      p[2] = top && left ? 255 : 0;   // red: top left
       p[3] = 255;
     }
   void* image = nullptr;

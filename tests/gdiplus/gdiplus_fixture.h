@@ -39,8 +39,8 @@ class GdiPlusTest : public ::testing::Test {
     for (int y = 0; y < kSize; ++y)
       for (int x = 0; x < kSize; ++x)
         if (dark(x, y))
-          box = {std::min<LONG>(box.left, x), std::min<LONG>(box.top, y), std::max<LONG>(box.right, x),
-                 std::max<LONG>(box.bottom, y)};
+          box = {std::min<LONG>(box.left, x), std::min<LONG>(box.top, y),
+                 std::max<LONG>(box.right, x), std::max<LONG>(box.bottom, y)};
     return box;
   }
 

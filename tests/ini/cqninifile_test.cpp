@@ -16,8 +16,9 @@ using qnutil_test::read_file;
 class IniFileTest : public testing::Test {
  protected:
   void SetUp() override {
-    qnutil_test::write_file(path_, "[s]\r\ntext=hello world\r\nempty=\r\nnum=42abc\r\nneg=-7\r\n"
-                                   "real=2.5e3x\r\nword=abc\r\nmarker=_TheDefault_\r\n");
+    qnutil_test::write_file(path_,
+                            "[s]\r\ntext=hello world\r\nempty=\r\nnum=42abc\r\nneg=-7\r\n"
+                            "real=2.5e3x\r\nword=abc\r\nmarker=_TheDefault_\r\n");
   }
   qnutil_test::ScratchDir dir_;
   std::string path_ = dir_.file("settings.ini");
@@ -31,9 +32,13 @@ TEST_F(IniFileTest, ReadsTellMissingFromEmpty) {
   EXPECT_EQ(CQnIniFile::FileReadString(dir_.file("none.ini").c_str(), "s", "text"), "_TheDefault_");
   const std::pair<const char*, int> integers[] = {
       {"num", 42}, {"neg", -7}, {"word", 0}, {"missing", 0}, {"empty", 0}};
-  for (const auto& [key, value] : integers) EXPECT_EQ(CQnIniFile::FileReadInt(file_, "s", key), value) << key;
-  const std::pair<const char*, double> doubles[] = {
-      {"real", 2500.0}, {"word", 0.0}, {"missing", INFINITY}, {"empty", INFINITY}, {"marker", INFINITY}};
+  for (const auto& [key, value] : integers)
+    EXPECT_EQ(CQnIniFile::FileReadInt(file_, "s", key), value) << key;
+  const std::pair<const char*, double> doubles[] = {{"real", 2500.0},
+                                                    {"word", 0.0},
+                                                    {"missing", INFINITY},
+                                                    {"empty", INFINITY},
+                                                    {"marker", INFINITY}};
   for (const auto& [key, value] : doubles) {
     EXPECT_EQ(CQnIniFile::FileReadDouble(file_, "s", key), value) << key;
   }
@@ -49,9 +54,10 @@ TEST_F(IniFileTest, WritesFormatIntegersAndDoubles) {
       {"d1", 2.5}, {"d2", 1234567.0}, {"d3", 0.0000125}, {"d4", 3.0}};
   for (const auto& [key, value] : doubles) EXPECT_TRUE(file.WriteDouble("n", key, value));
   EXPECT_TRUE(file.WriteString("n", "s", "\"quoted text\""));
-  EXPECT_NE(read_file(path_).find("[n]\r\ni=-12\r\nd1=2.5\r\nd2=1.23457e+06\r\nd3=1.25e-05\r\nd4=3\r\n"
-                                  "s=\"quoted text\"\r\n"),
-            std::string::npos)
+  EXPECT_NE(
+      read_file(path_).find("[n]\r\ni=-12\r\nd1=2.5\r\nd2=1.23457e+06\r\nd3=1.25e-05\r\nd4=3\r\n"
+                            "s=\"quoted text\"\r\n"),
+      std::string::npos)
       << read_file(path_);
   EXPECT_EQ(file.ReadInt("n", "i"), -12);
   EXPECT_EQ(file.ReadDouble("n", "d2"), 1234570.0);

@@ -37,7 +37,8 @@ TEST(ReadRules, ReturnTheWindowsValue) {
       {"padded section name", "[  padded sec  ]\r\nk=v\r\n", "padded sec", "k", "v"},
       {"text after ] ignored", "[S]TestKey=TestValue\r\n", "S", "TestKey", "<d>"},
       {"first ] ends the name", "[sec]whoops]\r\nk=v\r\n", "sec", "k", "v"},
-      {"no ]: a header", "[SectionName   \r\nTestKey=TestValue\r\n", "SectionName", "TestKey", "TestValue"},
+      {"no ]: a header", "[SectionName   \r\nTestKey=TestValue\r\n", "SectionName", "TestKey",
+       "TestValue"},
       {"no [ no header", "[a]\r\nSectionName]\r\nk=v\r\n", "SectionName", "k", "<d>"},
       {"[ inside a name", "[[sec]\r\nk=v\r\n", "[sec", "k", "v"},
       {"; inside brackets", "[;section]\r\nk=v\r\n", ";section", "k", "v"},
@@ -82,7 +83,8 @@ TEST(ReadRules, ReturnTheWindowsValue) {
       {"quoted parts", "[s]\r\nk=\"a\" \"b\"\r\n", "s", "k", "a\" \"b"},
       {"NUL ends a value", "[s]\r\nk=ab\0cd\r\n"s, "s", "k", "ab"},
       {"BOM hides the first header", "\xEF\xBB\xBF[s]\r\nk=v\r\n", "s", "k", "<d>"}};
-  for (const auto& row : rows) EXPECT_EQ(get(row.file, row.section, row.key), row.expected) << row.rule;
+  for (const auto& row : rows)
+    EXPECT_EQ(get(row.file, row.section, row.key), row.expected) << row.rule;
 }
 
 // The default loses trailing spaces only and is cut like a value; a
@@ -107,25 +109,34 @@ TEST(Defaults, ComeBackTrimmedAndCut) {
 // written beyond the buffer. Keys come with values in file order,
 // duplicates twice.
 TEST(BufferContract, CutsAndTerminates) {
-  const IniText text("[section1]\r\nname1=val1\r\n[section2]\r\n[section3]\r\n"
-                     "[s]\r\nname1=val1\r\nname2=\r\nname3\r\n;c=1\r\nname4=val4\r\n[t]\r\nx=1\r\nx=2\r\n");
+  const IniText text(
+      "[section1]\r\nname1=val1\r\n[section2]\r\n[section3]\r\n"
+      "[s]\r\nname1=val1\r\nname2=\r\nname3\r\n;c=1\r\nname4=val4\r\n[t]\r\nx=1\r\nx=2\r\n");
   const struct {
     const char *section, *key;
     unsigned size, result;
     std::string bytes;  // the buffer's first `size` bytes
-  } rows[] = {{"section1", "name1", 0, 0, ""}, {"section1", "name1", 1, 0, "\0"s},
-              {"section1", "name1", 2, 1, "v\0"s}, {"section1", "name1", 4, 3, "val\0"s},
-              {"section1", "name1", 5, 4, "val1\0"s}, {"section1", "name1", 6, 4, "val1\0\x7f"s},
+  } rows[] = {{"section1", "name1", 0, 0, ""},
+              {"section1", "name1", 1, 0, "\0"s},
+              {"section1", "name1", 2, 1, "v\0"s},
+              {"section1", "name1", 4, 3, "val\0"s},
+              {"section1", "name1", 5, 4, "val1\0"s},
+              {"section1", "name1", 6, 4, "val1\0\x7f"s},
               {nullptr, "ignored", 33, 31, "section1\0section2\0section3\0s\0t\0\0\x7f"s},
               {nullptr, "ignored", 32, 30, "section1\0section2\0section3\0s\0t\0\0"s},
               {nullptr, "ignored", 27, 25, "section1\0section2\0section\0\0"s},
-              {nullptr, "ignored", 16, 14, "section1\0secti\0\0"s}, {nullptr, "ignored", 3, 1, "s\0\0"s},
-              {nullptr, "ignored", 2, 0, "\0\0"s}, {nullptr, "ignored", 1, 0, "\0"s},
-              {nullptr, "ignored", 0, 0, ""}, {"S", nullptr, 20, 18, "name1\0name2\0name4\0\0\x7f"s},
-              {"s", nullptr, 16, 14, "name1\0name2\0na\0\0"s}, {"t", nullptr, 6, 4, "x\0x\0\0\x7f"s}};
+              {nullptr, "ignored", 16, 14, "section1\0secti\0\0"s},
+              {nullptr, "ignored", 3, 1, "s\0\0"s},
+              {nullptr, "ignored", 2, 0, "\0\0"s},
+              {nullptr, "ignored", 1, 0, "\0"s},
+              {nullptr, "ignored", 0, 0, ""},
+              {"S", nullptr, 20, 18, "name1\0name2\0name4\0\0\x7f"s},
+              {"s", nullptr, 16, 14, "name1\0name2\0na\0\0"s},
+              {"t", nullptr, 6, 4, "x\0x\0\0\x7f"s}};
   for (const auto& row : rows) {
     std::string buffer(40, '\x7f');
-    EXPECT_EQ(query_profile_string(&text, row.section, row.key, "d", buffer.data(), row.size), row.result);
+    EXPECT_EQ(query_profile_string(&text, row.section, row.key, "d", buffer.data(), row.size),
+              row.result);
     EXPECT_EQ(buffer, row.bytes + std::string(40 - row.size, '\x7f')) << row.size;
   }
   char untouched[4] = {'x', 'x', 'x', 'x'};  // a missing file leaves the second byte alone
@@ -143,12 +154,30 @@ TEST(ValueLength, WrapsAt64KCharacters) {
 }
 
 TEST(IntRules, ParseTheLeadingInteger) {
-  const std::pair<const char*, std::uint32_t> rows[] = {
-      {"-1", 4294967295u}, {"1", 1}, {"+1", 1}, {"4294967296", 0}, {"4294967297", 1},
-      {"-4294967297", 4294967295u}, {"42A94967297", 42}, {"B4294967297", 0}, {"102abc", 102},
-      {"12.7", 12}, {"1 2", 1}, {"- 5", 0}, {"+-5", 0}, {"-0", 0}, {"\"12\"", 12}, {"'13'", 13},
-      {"\"-3\"", 4294967293u}, {"\"  7\"", 7}, {"99999999999", 1215752191u},
-      {"2147483648", 2147483648u}, {"-2147483649", 2147483647u}, {"", 77}, {"   ", 77}, {"\"\"", 77}};
+  const std::pair<const char*, std::uint32_t> rows[] = {{"-1", 4294967295u},
+                                                        {"1", 1},
+                                                        {"+1", 1},
+                                                        {"4294967296", 0},
+                                                        {"4294967297", 1},
+                                                        {"-4294967297", 4294967295u},
+                                                        {"42A94967297", 42},
+                                                        {"B4294967297", 0},
+                                                        {"102abc", 102},
+                                                        {"12.7", 12},
+                                                        {"1 2", 1},
+                                                        {"- 5", 0},
+                                                        {"+-5", 0},
+                                                        {"-0", 0},
+                                                        {"\"12\"", 12},
+                                                        {"'13'", 13},
+                                                        {"\"-3\"", 4294967293u},
+                                                        {"\"  7\"", 7},
+                                                        {"99999999999", 1215752191u},
+                                                        {"2147483648", 2147483648u},
+                                                        {"-2147483649", 2147483647u},
+                                                        {"", 77},
+                                                        {"   ", 77},
+                                                        {"\"\"", 77}};
   for (const auto& [value, expected] : rows) {
     const IniText text(std::string("[s]\r\nk=") + value + "\r\n");
     EXPECT_EQ(query_profile_int(&text, "s", "k", 77), expected) << value;

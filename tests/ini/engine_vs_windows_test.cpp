@@ -79,9 +79,10 @@ enum Source { kWindows, kEngine };
 Answer ask(Source source, const char* section, const char* key, const char* fallback, DWORD size,
            const std::string& file) {
   std::string buffer(size + 4, '\x7f');
-  const DWORD result = source == kEngine
-      ? profile_get_string(section, key, fallback, buffer.data(), size, file.c_str())
-      : GetPrivateProfileStringA(section, key, fallback, buffer.data(), size, file.c_str());
+  const DWORD result =
+      source == kEngine
+          ? profile_get_string(section, key, fallback, buffer.data(), size, file.c_str())
+          : GetPrivateProfileStringA(section, key, fallback, buffer.data(), size, file.c_str());
   return {result, buffer};
 }
 

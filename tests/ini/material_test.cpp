@@ -66,8 +66,11 @@ TEST_F(MaterialTest, ExponentDerivesItsFields) {
   const struct {
     const char* oe;
     float pow, inv, offset;
-  } rows[] = {{"4", 8.0f, -0.125f, 8.0f - 1.0f / 1.125f}, {"0.1", 0, 0, 0}, {"0", 0, 0, 0},
-              {"-4", 0, 0, 0}, {"1", 1.0f, -1.0f, 0.5f}};
+  } rows[] = {{"4", 8.0f, -0.125f, 8.0f - 1.0f / 1.125f},
+              {"0.1", 0, 0, 0},
+              {"0", 0, 0, 0},
+              {"-4", 0, 0, 0},
+              {"1", 1.0f, -1.0f, 0.5f}};
   for (const auto& row : rows) {
     CQnMatFile mat(material(std::string("kdiffus=1\r\nOe=") + row.oe + "\r\n", row.oe));
     ASSERT_EQ(mat.IsLoaded(), 1);
@@ -115,7 +118,8 @@ TEST_F(MaterialTest, WriteStoresEveryFieldButBitZero) {
   m->RGBSpiegel[2] = 1.0f;
   ASSERT_EQ(mat.Write(), 1);
   EXPECT_EQ(read_file(path),
-            "[Material]\r\nName=Glas\r\n[Glas]\r\nkdiffus=0.5\r\nOe=4\r\nBits=4\r\nTesttextur=wood.bmp\r\n"
+            "[Material]\r\nName=Glas\r\n[Glas]\r\nkdiffus=0.5\r\nOe=4\r\nBits=4\r\nTesttextur=wood."
+            "bmp\r\n"
             "kambient=0.4\r\nkspiegel=0.4\r\nalpha=0.4\r\nRGBDiffus=0.25,0.4,0.4\r\n"
             "RGBSpiegel=0.5,0.5,1\r\n");
   CQnMatFile back(path);

@@ -21,16 +21,19 @@ using qnutil_test::write_file;
 constexpr std::uint32_t rgb(unsigned r, unsigned g, unsigned b) { return r | g << 8 | b << 16; }
 
 template <class Record>
-bool same(const Record& a, const Record& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+bool same(const Record& a, const Record& b) {
+  return std::memcmp(&a, &b, sizeof a) == 0;
+}
 
 class MiniTest : public testing::Test {
  protected:
   void SetUp() override {
-    write_file(path_, "[s]\r\nempty=\r\nlong=123xyz\r\nhuge=99999999999\r\nreal=-2.25\r\n"
-                      "inf=1e999\r\nword=abcdef\r\nshort=ab\r\nlist=1,2,3\r\nblanks=1 2 3\r\n"
-                      "trailing=1,2,\r\ndouble_sep=1,,2\r\nsigned_sep=1,-2\r\nbad=x\r\n"
-                      "[styles]\r\nshort=3,7\r\nbad=1,,2\r\ntrunc=2.9,300.7,1,2,3,-1.9,4,5,6,259\r\n"
-                      "tex=0.00005,1,2,3,4,5,6,7,8,0.0001,-0.5,9.5,10.25\r\nguidlessGUID=not a guid\r\n");
+    write_file(path_,
+               "[s]\r\nempty=\r\nlong=123xyz\r\nhuge=99999999999\r\nreal=-2.25\r\n"
+               "inf=1e999\r\nword=abcdef\r\nshort=ab\r\nlist=1,2,3\r\nblanks=1 2 3\r\n"
+               "trailing=1,2,\r\ndouble_sep=1,,2\r\nsigned_sep=1,-2\r\nbad=x\r\n"
+               "[styles]\r\nshort=3,7\r\nbad=1,,2\r\ntrunc=2.9,300.7,1,2,3,-1.9,4,5,6,259\r\n"
+               "tex=0.00005,1,2,3,4,5,6,7,8,0.0001,-0.5,9.5,10.25\r\nguidlessGUID=not a guid\r\n");
     handle_ = mini_open_ex(path_.c_str(), 0);
     ASSERT_NE(handle_, nullptr);
   }
@@ -91,8 +94,11 @@ TEST_F(MiniTest, ReadOnlyFileOpensForReadingOnly) {
 
 // A failed read leaves the value as it was (5 and 7 here).
 TEST_F(MiniTest, ScalarReads) {
-  const std::tuple<const char*, int, long> longs[] = {  // a 32-bit long saturates on every target
-      {"long", 0, 123}, {"empty", 0, 0}, {"huge", 0, 2147483647}, {"missing", -1, 5}};
+  const std::tuple<const char*, int, long> longs[] = {// a 32-bit long saturates on every target
+                                                      {"long", 0, 123},
+                                                      {"empty", 0, 0},
+                                                      {"huge", 0, 2147483647},
+                                                      {"missing", -1, 5}};
   for (const auto& [key, result, expected] : longs) {
     long value = 5;
     EXPECT_EQ(mini_read_long(handle_, "s", key, &value), result) << key;
@@ -118,8 +124,11 @@ TEST_F(MiniTest, ReadStringCutsAtTheGivenLength) {
     int result;
     const char* text;  // the buffer afterwards, which starts as "keep"
     unsigned int len_after;
-  } rows[] = {{"word", 4, 0, "abcd", 4}, {"short", 4, 0, "ab", 2}, {"word", 6, 0, "abcdef", 6},
-              {"empty", 8, 0, "", 0}, {"missing", 8, -1, "keep", 8}};
+  } rows[] = {{"word", 4, 0, "abcd", 4},
+              {"short", 4, 0, "ab", 2},
+              {"word", 6, 0, "abcdef", 6},
+              {"empty", 8, 0, "", 0},
+              {"missing", 8, -1, "keep", 8}};
   for (const auto& row : rows) {
     char buf[16];
     std::memset(buf, 'x', sizeof buf);
@@ -168,7 +177,8 @@ TEST_F(MiniTest, WritesFormatNumbers) {
   EXPECT_EQ(mini_write_long(nullptr, "w", "l", 1), -1);
   const std::string file = read_file(path_);
   EXPECT_NE(file.find("[w]\r\nlist=1,2.500000,-3,-2147483648,2147483647,0,0.000000,0.123457,"),
-            std::string::npos) << file;
+            std::string::npos)
+      << file;
   EXPECT_NE(file.find("nan"), std::string::npos) << file;
   EXPECT_NE(file.find("none=\r\nl=-42\r\nd=1e-07\r\nt=text\r\n"), std::string::npos) << file;
 }
@@ -237,19 +247,22 @@ TEST_F(MiniTest, TexturePropertiesUseTheBooleanThreshold) {
   tex.enabled = 5;
   tex.values[2] = 1.234567f;
   ASSERT_EQ(mini_write_texprops(handle_, "styles", "tex2", &tex), 0);
-  EXPECT_EQ(numbers("tex2"), (std::vector<double>{1, 1, 2, 1.23457, 4, 5, 6, 7, 8, 1, 1, 9.5, 10.25}));
+  EXPECT_EQ(numbers("tex2"),
+            (std::vector<double>{1, 1, 2, 1.23457, 4, 5, 6, 7, 8, 1, 1, 9.5, 10.25}));
 }
 
 TEST_F(MiniTest, ExtendedFillStoresTheGuidInRegistryFormAndNeedsIt) {
   FillStyleExRec style{};
   style.fill = FillStyleRec{2, 5, rgb(1, 2, 3), 4, rgb(5, 6, 7), 8};
-  style.guid = QnUtilGuid{0x6b29fc40, 0xca47, 0x1067, {0xb3, 0x1d, 0x00, 0xdd, 0x01, 0x06, 0x62, 0xda}};
+  style.guid =
+      QnUtilGuid{0x6b29fc40, 0xca47, 0x1067, {0xb3, 0x1d, 0x00, 0xdd, 0x01, 0x06, 0x62, 0xda}};
   ASSERT_EQ(mini_write_fillstyle_ex(handle_, "styles", "ex", &style), 0);
   EXPECT_EQ(line("exGUID"), "{6B29FC40-CA47-1067-B31D-00DD010662DA}");
   FillStyleExRec back{};
   ASSERT_EQ(mini_read_fillstyle_ex(handle_, "styles", "ex", &back), 0);
   EXPECT_TRUE(same(back, style));
-  ASSERT_EQ(mini_write_string(handle_, "styles", "exGUID", "{6b29fc40-ca47-1067-b31d-00dd010662da}"), 0);
+  ASSERT_EQ(
+      mini_write_string(handle_, "styles", "exGUID", "{6b29fc40-ca47-1067-b31d-00dd010662da}"), 0);
   back = FillStyleExRec{};
   EXPECT_EQ(mini_read_fillstyle_ex(handle_, "styles", "ex", &back), 0);
   EXPECT_TRUE(same(back, style));

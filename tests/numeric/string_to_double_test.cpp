@@ -34,20 +34,19 @@ TEST_P(StringToDoubleTest, ReadsLikeStrtod) {
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, StringToDoubleTest,
-    ::testing::Values(ParseCase{"1.5", 1.5}, ParseCase{"  \t\n-2.25xyz", -2.25}, ParseCase{"+3", 3.0},
-                      ParseCase{".5", 0.5}, ParseCase{"5.", 5.0}, ParseCase{"1e3", 1000.0},
-                      ParseCase{"1E-2", 0.01}, ParseCase{"1e", 1.0}, ParseCase{"1e+", 1.0},
-                      ParseCase{"2.5D3", 2.5}, ParseCase{"", 0.0}, ParseCase{"abc", 0.0},
-                      ParseCase{"-", 0.0}, ParseCase{"+-1", 0.0}, ParseCase{"--1", 0.0},
-                      ParseCase{"- 1", 0.0}, ParseCase{"-0", -0.0}, ParseCase{"0x10", 0.0},
-                      ParseCase{"1e400", kInf}, ParseCase{"-1e400", -kInf},
+    ::testing::Values(ParseCase{"1.5", 1.5}, ParseCase{"  \t\n-2.25xyz", -2.25},
+                      ParseCase{"+3", 3.0}, ParseCase{".5", 0.5}, ParseCase{"5.", 5.0},
+                      ParseCase{"1e3", 1000.0}, ParseCase{"1E-2", 0.01}, ParseCase{"1e", 1.0},
+                      ParseCase{"1e+", 1.0}, ParseCase{"2.5D3", 2.5}, ParseCase{"", 0.0},
+                      ParseCase{"abc", 0.0}, ParseCase{"-", 0.0}, ParseCase{"+-1", 0.0},
+                      ParseCase{"--1", 0.0}, ParseCase{"- 1", 0.0}, ParseCase{"-0", -0.0},
+                      ParseCase{"0x10", 0.0}, ParseCase{"1e400", kInf}, ParseCase{"-1e400", -kInf},
                       ParseCase{"123456789e305", kInf}, ParseCase{"0.00001e309", 1e304},
                       ParseCase{"0.0000001e-320", 0.0}, ParseCase{"-1e-400", -0.0},
                       ParseCase{"1000e-326", 1e-323}, ParseCase{"0e99999", 0.0},
-                      ParseCase{"infinity", kInf}, ParseCase{"-INF", -kInf},
-                      ParseCase{"nan", kNaN}, ParseCase{" -NaN(123)", kNaN},
-                      ParseCase{"0.1", 0.1}, ParseCase{"4.9406564584124654e-324", 5e-324},
-                      ParseCase{"1,5", 1.0}));
+                      ParseCase{"infinity", kInf}, ParseCase{"-INF", -kInf}, ParseCase{"nan", kNaN},
+                      ParseCase{" -NaN(123)", kNaN}, ParseCase{"0.1", 0.1},
+                      ParseCase{"4.9406564584124654e-324", 5e-324}, ParseCase{"1,5", 1.0}));
 
 TEST(StringToDouble, NullGivesNegativeInfinity) {
   EXPECT_EQ(QnUtil_StringToDouble(nullptr), -kInf);

@@ -20,7 +20,8 @@ class SearchTest : public ::testing::TestWithParam<SearchCase> {};
 
 TEST_P(SearchTest, FindsTheByteIndex) {
   const SearchCase& c = GetParam();
-  EXPECT_EQ(c.by_char ? QnUtil_StrIChr(c.s, c.sub[0]) : QnUtil_StrIPos(c.s, c.sub), c.expected) << c.s << " / " << c.sub;
+  EXPECT_EQ(c.by_char ? QnUtil_StrIChr(c.s, c.sub[0]) : QnUtil_StrIPos(c.s, c.sub), c.expected)
+      << c.s << " / " << c.sub;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -28,9 +29,14 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(SearchCase{"xabc", "abc", 1}, SearchCase{"Abc", "abc", -1},
                       SearchCase{"abcabc", "bc", 1}, SearchCase{"abc", "abcd", -1},
                       SearchCase{"abc", "", 0}, SearchCase{"", "", 0}, SearchCase{"", "a", -1},
-                      SearchCase{"Stra\xDF" "e", "\xDF", 4}, SearchCase{"aaab", "aab", 1},
-                      SearchCase{"wall@2@height", "@", 4, true}, SearchCase{"abc", "B", -1, true},
-                      SearchCase{"", "a", -1, true}, SearchCase{"Gr\xF6\xDF" "e", "\xDF", 3, true},
+                      SearchCase{"Stra\xDF"
+                                 "e",
+                                 "\xDF", 4},
+                      SearchCase{"aaab", "aab", 1}, SearchCase{"wall@2@height", "@", 4, true},
+                      SearchCase{"abc", "B", -1, true}, SearchCase{"", "a", -1, true},
+                      SearchCase{"Gr\xF6\xDF"
+                                 "e",
+                                 "\xDF", 3, true},
                       SearchCase{"abc", "", 3, true}));  // the terminator, as strchr finds it
 
 TEST(TextHelpers, NullTextIsRefused) {
@@ -104,16 +110,21 @@ TEST_P(ConvertFromUtf8Test, KeepsTheLowByteOfEachUtf16Unit) {
 INSTANTIATE_TEST_SUITE_P(
     Cases, ConvertFromUtf8Test,
     ::testing::Values(FromUtf8Case{"abc", "abc"}, FromUtf8Case{"\xC3\xA4", "\xE4"},
-                      FromUtf8Case{"\xE2\x82\xAC", "\xAC"},                 // U+20AC
-                      FromUtf8Case{"x\xC5\x93y", "x\x53y"},                 // U+0153
+                      FromUtf8Case{"\xE2\x82\xAC", "\xAC"},                          // U+20AC
+                      FromUtf8Case{"x\xC5\x93y", "x\x53y"},                          // U+0153
                       FromUtf8Case{"\xF0\x9F\x98\x80", std::string("\x3D\x00", 2)},  // D83D DE00
-                      FromUtf8Case{"\xC3", "\xFD"},                         // truncated: U+FFFD
-                      FromUtf8Case{"\xC0\xAF", "\xFD\xFD"},                 // overlong
-                      FromUtf8Case{"\xED\xA0\x80", "\xFD\xFD"},  // surrogate: lead and checked byte, then a stray one
-                      FromUtf8Case{"\xE2\x82" "A", "\xFD" "A"},             // cut short
+                      FromUtf8Case{"\xC3", "\xFD"},          // truncated: U+FFFD
+                      FromUtf8Case{"\xC0\xAF", "\xFD\xFD"},  // overlong
+                      FromUtf8Case{
+                          "\xED\xA0\x80",
+                          "\xFD\xFD"},  // surrogate: lead and checked byte, then a stray one
+                      FromUtf8Case{"\xE2\x82"
+                                   "A",
+                                   "\xFD"
+                                   "A"},                                 // cut short
                       FromUtf8Case{"\xF4\x90\x80\x80", "\xFD\xFD\xFD"},  // above U+10FFFF
-                      FromUtf8Case{"\xE0\x80\x80", "\xFD\xFD"},  // overlong
-                      FromUtf8Case{"a\xF0\x9F", "a\xFD"},  // cut off by the end
+                      FromUtf8Case{"\xE0\x80\x80", "\xFD\xFD"},          // overlong
+                      FromUtf8Case{"a\xF0\x9F", "a\xFD"},                // cut off by the end
                       FromUtf8Case{"\xFF", "\xFD"}));
 
 TEST(Utf8Conversions, EmptyInputFailsAndLeavesTheBufferAlone) {
@@ -139,7 +150,8 @@ TEST(ConvertToUtf8, ReadsWindows1252) {
   EXPECT_EQ(to_utf8("Ma\xDF"), "Ma\xC3\x9F");
   for (int byte = 0xA0; byte <= 0xFF; ++byte) {
     const std::string utf8 = to_utf8(std::string(1, static_cast<char>(byte)));
-    EXPECT_EQ(utf8, std::string({static_cast<char>(0xC0 | (byte >> 6)), static_cast<char>(0x80 | (byte & 0x3F))}))
+    EXPECT_EQ(utf8, std::string({static_cast<char>(0xC0 | (byte >> 6)),
+                                 static_cast<char>(0x80 | (byte & 0x3F))}))
         << byte;
   }
 }
@@ -147,7 +159,9 @@ TEST(ConvertToUtf8, ReadsWindows1252) {
 
 // Text of the upper half survives the round trip through UTF-8.
 TEST(ConvertToUtf8, RoundTripsThroughConvertFromUtf8) {
-  const std::string ansi = "K\xFC" "che \xC4\xD6\xDC\xE9\xA7\xB0 90\xB0";
+  const std::string ansi =
+      "K\xFC"
+      "che \xC4\xD6\xDC\xE9\xA7\xB0 90\xB0";
   char utf8[64], back[64];
   ASSERT_EQ(ConvertToUTF8(ansi.c_str(), utf8), 1);
   ASSERT_EQ(ConvertFromUTF8(utf8, back), 1);

@@ -31,25 +31,29 @@ TEST(CodecPeer, Windows1252MatchesEveryByte) {
     const char text[1] = {static_cast<char>(byte)};
     wchar_t wide = 0;
     ASSERT_EQ(MultiByteToWideChar(1252, 0, text, 1, &wide, 1), 1);
-    EXPECT_EQ(qnutil::numeric::windows_1252_to_utf16(std::string(text, 1)), std::u16string(1, char16_t(wide))) << byte;
+    EXPECT_EQ(qnutil::numeric::windows_1252_to_utf16(std::string(text, 1)),
+              std::u16string(1, char16_t(wide)))
+        << byte;
   }
 }
 
 TEST(CodecPeer, Utf8DecodingMatchesEveryOneAndTwoByteInput) {
   for (int first = 1; first <= 0xFF; ++first) {
     expect_same_decoding(std::string(1, static_cast<char>(first)));
-    for (int second = 1; second <= 0xFF; ++second) expect_same_decoding({static_cast<char>(first), static_cast<char>(second)});
+    for (int second = 1; second <= 0xFF; ++second)
+      expect_same_decoding({static_cast<char>(first), static_cast<char>(second)});
   }
 }
 
 TEST(CodecPeer, Utf8DecodingMatchesLongerSequencesAtTheirBoundaries) {
-  const int edges[] = {0x00, 0x41, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC0, 0xC2, 0xE0, 0xF0, 0xF4, 0xFF};
+  const int edges[] = {0x00, 0x41, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0,
+                       0xBF, 0xC0, 0xC2, 0xE0, 0xF0, 0xF4, 0xFF};
   for (int lead = 0xC0; lead <= 0xFF; ++lead)
     for (int second : edges)
       for (int third : edges)
         for (int fourth : edges) {
-          std::string text{static_cast<char>(lead), static_cast<char>(second), static_cast<char>(third),
-                           static_cast<char>(fourth), 'z'};
+          std::string text{static_cast<char>(lead), static_cast<char>(second),
+                           static_cast<char>(third), static_cast<char>(fourth), 'z'};
           text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());
           expect_same_decoding(text);
         }
@@ -72,7 +76,8 @@ TEST(CodecPeer, Utf8DecodingMatchesRandomText) {
 TEST(CodecPeer, Utf16EncodingMatchesEveryUnitAndSurrogateCombination) {
   for (char32_t unit = 1; unit <= 0xFFFF; ++unit) {
     const std::u16string text{static_cast<char16_t>(unit), u'a'};
-    EXPECT_EQ(qnutil::numeric::codec_utf16_to_utf8(text), qnutil::numeric::utf16_to_utf8(text)) << static_cast<unsigned>(unit);
+    EXPECT_EQ(qnutil::numeric::codec_utf16_to_utf8(text), qnutil::numeric::utf16_to_utf8(text))
+        << static_cast<unsigned>(unit);
   }
   const char16_t samples[] = {0xD800, 0xDBFF, 0xDC00, 0xDFFF, u'a', 0xFFFD};
   for (char16_t a : samples)
@@ -97,21 +102,37 @@ class DoubleByteCodePage : public ::testing::Test {
 TEST_F(DoubleByteCodePage, StrIChrSkipsTrailBytes) {
   EXPECT_EQ(QnUtil_StrIChr(kTableWithBackslash, '\\'), -1);
   EXPECT_EQ(QnUtil_StrIChr("\x95\x5C\\", '\\'), 2);
-  EXPECT_EQ(QnUtil_StrIChr("a\x83\x5C" "b\\", '\\'), 4);
-  EXPECT_EQ(QnUtil_StrIChr("\x83\x5C" "A", 'A'), 2);
+  EXPECT_EQ(QnUtil_StrIChr("a\x83\x5C"
+                           "b\\",
+                           '\\'),
+            4);
+  EXPECT_EQ(QnUtil_StrIChr("\x83\x5C"
+                           "A",
+                           'A'),
+            2);
 }
 
 TEST_F(DoubleByteCodePage, StrIPosMatchesOnlyAtCharacterStarts) {
-  EXPECT_EQ(QnUtil_StrIPos("\x95\x5C" "abc", "\\abc"), -1);
+  EXPECT_EQ(QnUtil_StrIPos("\x95\x5C"
+                           "abc",
+                           "\\abc"),
+            -1);
   EXPECT_EQ(QnUtil_StrIPos("\x95\x5C\\abc", "\\abc"), 2);
-  EXPECT_EQ(QnUtil_StrIPos("x\x95\x5C" "y", "\x95\x5C"), 1);
+  EXPECT_EQ(QnUtil_StrIPos("x\x95\x5C"
+                           "y",
+                           "\x95\x5C"),
+            1);
   EXPECT_EQ(QnUtil_StrIPos("\x83\x95\x5C", "\x95\x5C"), -1);  // 0x83 0x95 is one character
 }
 
 TEST_F(DoubleByteCodePage, TrimKeepsDoubleByteCharacters) {
   char text[32];
-  std::strcpy(text, " \x81\x40" "a\x81\x40 ");
-  EXPECT_STREQ(QnUtil_StrTrim(text), "\x81\x40" "a\x81\x40");
+  std::strcpy(text,
+              " \x81\x40"
+              "a\x81\x40 ");
+  EXPECT_STREQ(QnUtil_StrTrim(text),
+               "\x81\x40"
+               "a\x81\x40");
   // A trailing lead byte without its trail byte is kept as it stands.
   std::strcpy(text, "a \x95");
   EXPECT_STREQ(QnUtil_StrTrim(text), "a \x95");

@@ -43,7 +43,8 @@ TEST(HeapRelease, FioAndIniHandles) {
   const std::string folder = dir.path().string();
   qnutil_test::write_file(dir.file("settings.ini"), "[Section]\r\n");
   for (int i = 0; i < kCycles; ++i) {
-    QnUtilFioFile* file = fio_open(folder.c_str(), "data.bin", QNUTIL_FIO_WRITE | QNUTIL_FIO_HEADER);
+    QnUtilFioFile* file =
+        fio_open(folder.c_str(), "data.bin", QNUTIL_FIO_WRITE | QNUTIL_FIO_HEADER);
     ASSERT_NE(file, nullptr);
     EXPECT_EQ(fio_close(file), 0);
     MiniHandle ini = mini_open(folder.c_str(), "settings.ini", 0);

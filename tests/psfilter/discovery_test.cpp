@@ -22,7 +22,8 @@ TEST_P(PluginDiscovery, AcceptsOnlyUsableFilterLists) {
   char* name = reinterpret_cast<char*>(1);
   PSFilter_* filter = reinterpret_cast<PSFilter_*>(1);
   int32_t error = 77;
-  ASSERT_EQ(AVGetPSFilterAndInfo(plugin_path(module).c_str(), &category, &name, &filter, &error), expectedName != nullptr);
+  ASSERT_EQ(AVGetPSFilterAndInfo(plugin_path(module).c_str(), &category, &name, &filter, &error),
+            expectedName != nullptr);
   EXPECT_EQ(error, expectedName ? 0 : -1);
   EXPECT_EQ(filter != nullptr, expectedName != nullptr);
   EXPECT_STREQ(category, expectedName ? "QnUtil Tests" : nullptr);
@@ -35,24 +36,29 @@ TEST_P(PluginDiscovery, AcceptsOnlyUsableFilterLists) {
 
 INSTANTIATE_TEST_SUITE_P(
     Modules, PluginDiscovery,
-    ::testing::Values(Discovery{"invert", "Invert"}, Discovery{"version_3_1", "Accept"}, Discovery{"two_lists", "Second"},
+    ::testing::Values(Discovery{"invert", "Invert"}, Discovery{"version_3_1", "Accept"},
+                      Discovery{"two_lists", "Second"},
                       // A list abandoned late leaves its texts to the next one.
                       Discovery{"texts_carried", "Carried"}, Discovery{"long_entry", "Long Name"},
                       Discovery{"kind_other", nullptr}, Discovery{"version_4_1", nullptr},
-                      Discovery{"version_5_0", nullptr}, Discovery{"no_category", nullptr}, Discovery{"no_name", nullptr},
-                      Discovery{"missing_entry", nullptr}, Discovery{"other_architecture", nullptr},
+                      Discovery{"version_5_0", nullptr}, Discovery{"no_category", nullptr},
+                      Discovery{"no_name", nullptr}, Discovery{"missing_entry", nullptr},
+                      Discovery{"other_architecture", nullptr},
                       Discovery{"does_not_exist", nullptr}),
     [](const ::testing::TestParamInfo<Discovery>& info) { return std::string(info.param.first); });
 
 TEST(PluginDiscovery, UnusableArgumentsAndOptionalOutputs) {
   PSFilter_* filter = nullptr;
   int32_t error = 0;
-  EXPECT_FALSE(AVGetPSFilterAndInfo(qnutil_test::test_program_path().c_str(), nullptr, nullptr, &filter, &error));
+  EXPECT_FALSE(AVGetPSFilterAndInfo(qnutil_test::test_program_path().c_str(), nullptr, nullptr,
+                                    &filter, &error));
   EXPECT_EQ(error, -1);
   EXPECT_FALSE(AVGetPSFilterAndInfo(nullptr, nullptr, nullptr, &filter, &error));
-  EXPECT_FALSE(AVGetPSFilterAndInfo(plugin_path("invert").c_str(), nullptr, nullptr, nullptr, &error));
+  EXPECT_FALSE(
+      AVGetPSFilterAndInfo(plugin_path("invert").c_str(), nullptr, nullptr, nullptr, &error));
   // Category, name and error are optional.
-  ASSERT_TRUE(AVGetPSFilterAndInfo(plugin_path("invert").c_str(), nullptr, nullptr, &filter, nullptr));
+  ASSERT_TRUE(
+      AVGetPSFilterAndInfo(plugin_path("invert").c_str(), nullptr, nullptr, &filter, nullptr));
   AVFreeGotPSFilter(&filter);
   // The release functions accept null.
   EXPECT_TRUE(AVFreeGotPSFilter(nullptr));
@@ -69,7 +75,8 @@ TEST(PluginDiscovery, EntryNameAsTheListGivesIt) {
     char buffer[256] = "untouched";
     EXPECT_FALSE(AVGetPSFilterEntryName(filter.get(), buffer, static_cast<int32_t>(entry.size())));
     EXPECT_STREQ(buffer, "untouched");
-    ASSERT_TRUE(AVGetPSFilterEntryName(filter.get(), buffer, static_cast<int32_t>(entry.size() + 1)));
+    ASSERT_TRUE(
+        AVGetPSFilterEntryName(filter.get(), buffer, static_cast<int32_t>(entry.size() + 1)));
     EXPECT_EQ(buffer, entry) << module;
   }
   char buffer[8];

@@ -46,7 +46,9 @@ inline Image pattern_image(int32_t width, int32_t height, int32_t padding = 8) {
 // Sets an environment variable of the process for the scope.
 class EnvSetting {
  public:
-  EnvSetting(const char* name, const std::string& value) : name_(name) { SetEnvironmentVariableA(name, value.c_str()); }
+  EnvSetting(const char* name, const std::string& value) : name_(name) {
+    SetEnvironmentVariableA(name, value.c_str());
+  }
   ~EnvSetting() { SetEnvironmentVariableA(name_, nullptr); }
 
  private:
@@ -86,8 +88,9 @@ inline RunOutcome run(PSFilter_* filter, const Image& source, bool repeatLast = 
   RunOutcome outcome;
   unsigned char* result = nullptr;
   outcome.status = 12345;
-  outcome.ok = AVApplyPSFilter(filter, repeatLast, progress, userValue, source.bytes.data(), source.width,
-                               source.height, source.rowBytes, &result, &outcome.status);
+  outcome.ok =
+      AVApplyPSFilter(filter, repeatLast, progress, userValue, source.bytes.data(), source.width,
+                      source.height, source.rowBytes, &result, &outcome.status);
   if (result) {
     outcome.image = source;
     std::memcpy(outcome.image.bytes.data(), result, source.bytes.size());
@@ -120,8 +123,9 @@ inline std::string first_difference(const Image& actual, const Image& expected) 
   if (actual.bytes.size() != expected.bytes.size()) return "sizes differ";
   for (size_t i = 0; i < actual.bytes.size(); ++i)
     if (actual.bytes[i] != expected.bytes[i])
-      return "row " + std::to_string(i / expected.rowBytes) + " byte " + std::to_string(i % expected.rowBytes) +
-             ": " + std::to_string(actual.bytes[i]) + " instead of " + std::to_string(expected.bytes[i]);
+      return "row " + std::to_string(i / expected.rowBytes) + " byte " +
+             std::to_string(i % expected.rowBytes) + ": " + std::to_string(actual.bytes[i]) +
+             " instead of " + std::to_string(expected.bytes[i]);
   return "";
 }
 

@@ -34,10 +34,12 @@ class InvertRun : public ::testing::TestWithParam<InvertCase> {};
 
 TEST_P(InvertRun, StatusTraceAndEveryTileWrittenBackInsideTheImage) {
   const InvertCase c = GetParam();
-  const EnvSetting settings[] = {
-      {"QNUTIL_PLUGIN_TILE_W", std::to_string(c.tileWidth)}, {"QNUTIL_PLUGIN_TILE_H", std::to_string(c.tileHeight)},
-      {"QNUTIL_PLUGIN_LO", std::to_string(c.lo)},           {"QNUTIL_PLUGIN_HI", std::to_string(c.hi)},
-      {"QNUTIL_PLUGIN_FAIL", c.fail},                       {"QNUTIL_PLUGIN_NO_TILES", c.noTiles ? "1" : "0"}};
+  const EnvSetting settings[] = {{"QNUTIL_PLUGIN_TILE_W", std::to_string(c.tileWidth)},
+                                 {"QNUTIL_PLUGIN_TILE_H", std::to_string(c.tileHeight)},
+                                 {"QNUTIL_PLUGIN_LO", std::to_string(c.lo)},
+                                 {"QNUTIL_PLUGIN_HI", std::to_string(c.hi)},
+                                 {"QNUTIL_PLUGIN_FAIL", c.fail},
+                                 {"QNUTIL_PLUGIN_NO_TILES", c.noTiles ? "1" : "0"}};
   LoadedFilter filter("invert");
   ASSERT_NE(filter.get(), nullptr);
   const Image source = pattern_image(c.width, c.height);
@@ -45,31 +47,35 @@ TEST_P(InvertRun, StatusTraceAndEveryTileWrittenBackInsideTheImage) {
   EXPECT_EQ(outcome.ok, c.ok);
   EXPECT_EQ(outcome.status, c.status);  // -20xx: a record field the host set wrongly
   EXPECT_EQ(outcome.trace, c.trace);
-  EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, c.lo, c.hi, inverted, c.invertedRows)), "");
+  EXPECT_EQ(first_difference(outcome.image,
+                             with_planes_changed(source, c.lo, c.hi, inverted, c.invertedRows)),
+            "");
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Tiles, InvertRun,
-    ::testing::Values(InvertCase{20, 13, 7, 5, 0, 2, "", tiles(9)},      // last column and row reach past the edge
-                      InvertCase{16, 8, 4, 4, 0, 2, "", tiles(8)},       // tiles fit exactly
-                      InvertCase{20, 13, 256, 256, 0, 2, "", tiles(1)},  // one tile larger than the image
-                      InvertCase{5, 3, 1, 1, 0, 2, "", tiles(15)},
-                      InvertCase{9, 6, 4, 4, 0, 0, "", tiles(6)},        // red only
-                      InvertCase{9, 6, 4, 4, 1, 3, "", tiles(6)},        // green, blue and transparency
-                      InvertCase{9, 6, 5, 2, 3, 3, "", tiles(6)}));      // transparency only
+    ::testing::Values(
+        InvertCase{20, 13, 7, 5, 0, 2, "", tiles(9)},  // last column and row reach past the edge
+        InvertCase{16, 8, 4, 4, 0, 2, "", tiles(8)},   // tiles fit exactly
+        InvertCase{20, 13, 256, 256, 0, 2, "", tiles(1)},  // one tile larger than the image
+        InvertCase{5, 3, 1, 1, 0, 2, "", tiles(15)},
+        InvertCase{9, 6, 4, 4, 0, 0, "", tiles(6)},    // red only
+        InvertCase{9, 6, 4, 4, 1, 3, "", tiles(6)},    // green, blue and transparency
+        InvertCase{9, 6, 5, 2, 3, 3, "", tiles(6)}));  // transparency only
 
 // Two tiles, the top and the bottom half of a 6 x 8 image, with a failing step.
 INSTANTIATE_TEST_SUITE_P(
     FailingSteps, InvertRun,
-    ::testing::Values(InvertCase{6, 8, 256, 4, 0, 2, "1:-5", "1", false, -5, 0},
-                      InvertCase{6, 8, 256, 4, 0, 2, "2:-30100", "12", false, -30100, 0},
-                      InvertCase{6, 8, 256, 4, 0, 2, "2:3", tiles(2)},  // a positive prepare result still runs
-                      InvertCase{6, 8, 256, 4, 0, 2, "3:7", "123", true, 7, 0},  // start's result is the status
-                      InvertCase{6, 8, 256, 4, 0, 2, "3:-7", "123", false, -7, 0},
-                      // A failing continue is followed by finish, and is not the run's status.
-                      InvertCase{6, 8, 256, 4, 0, 2, "4:-9", "12345", true, 0, 4},
-                      InvertCase{6, 8, 256, 4, 0, 2, "4:2", "12345", true, 0, 4},
-                      InvertCase{6, 8, 256, 4, 0, 2, "", "123", true, 0, 0, true}));  // no tile: ends after start
+    ::testing::Values(
+        InvertCase{6, 8, 256, 4, 0, 2, "1:-5", "1", false, -5, 0},
+        InvertCase{6, 8, 256, 4, 0, 2, "2:-30100", "12", false, -30100, 0},
+        InvertCase{6, 8, 256, 4, 0, 2, "2:3", tiles(2)},  // a positive prepare result still runs
+        InvertCase{6, 8, 256, 4, 0, 2, "3:7", "123", true, 7, 0},  // start's result is the status
+        InvertCase{6, 8, 256, 4, 0, 2, "3:-7", "123", false, -7, 0},
+        // A failing continue is followed by finish, and is not the run's status.
+        InvertCase{6, 8, 256, 4, 0, 2, "4:-9", "12345", true, 0, 4},
+        InvertCase{6, 8, 256, 4, 0, 2, "4:2", "12345", true, 0, 4},
+        InvertCase{6, 8, 256, 4, 0, 2, "", "123", true, 0, 0, true}));  // no tile: ends after start
 
 TEST(KeptParameters, RepeatReusesTheHandleAndSkipsTheParametersStep) {
   LoadedFilter filter("params");
@@ -79,7 +85,7 @@ TEST(KeptParameters, RepeatReusesTheHandleAndSkipsTheParametersStep) {
   const struct {
     bool repeat;
     const char* trace;
-    int added;  // the parameters step counts its calls
+    int added;                    // the parameters step counts its calls
   } runs[] = {{true, "1234", 1},  // nothing kept yet: the parameters step runs
               {true, "234", 1},
               {false, "1234", 2}};
@@ -135,7 +141,8 @@ TEST_F(Progress, ReportsReachTheCallerInOrder) {
   EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, 0, 2, inverted)), "");
   // Each row: the report itself, then abortProc asking with the last fraction.
   ASSERT_EQ(g_log.fractions.size(), 20u);
-  for (size_t i = 0; i < g_log.fractions.size(); ++i) EXPECT_FLOAT_EQ(g_log.fractions[i], float(i / 2 + 1) / 10.0f);
+  for (size_t i = 0; i < g_log.fractions.size(); ++i)
+    EXPECT_FLOAT_EQ(g_log.fractions[i], float(i / 2 + 1) / 10.0f);
 }
 
 TEST_F(Progress, FalseFromTheCallbackCancelsThroughAbortProc) {
@@ -165,7 +172,8 @@ TEST_F(Progress, CallbacksOutsideARunAnswerAsStopped) {
   // The plug-in is loaded already; this only borrows it.
   HMODULE module = LoadLibraryA(plugin_path("progress").c_str());
   ASSERT_NE(module, nullptr);
-  auto probe = reinterpret_cast<int (*)()>(reinterpret_cast<void*>(GetProcAddress(module, "ProbeCallbacksOutsideRun")));
+  auto probe = reinterpret_cast<int (*)()>(
+      reinterpret_cast<void*>(GetProcAddress(module, "ProbeCallbacksOutsideRun")));
   ASSERT_NE(probe, nullptr);
   EXPECT_EQ(probe(), 3);
   EXPECT_TRUE(g_log.fractions.empty());  // the caller's progress callback is not called
@@ -192,13 +200,19 @@ TEST(UnusableArguments, FailWithoutCallingThePlugin) {
   const Image source = pattern_image(4, 4);
   unsigned char* result = nullptr;
   int32_t status = 0;
-  EXPECT_FALSE(AVApplyPSFilter(nullptr, false, nullptr, 0, source.bytes.data(), 4, 4, source.rowBytes, &result, &status));
+  EXPECT_FALSE(AVApplyPSFilter(nullptr, false, nullptr, 0, source.bytes.data(), 4, 4,
+                               source.rowBytes, &result, &status));
   EXPECT_EQ(status, -1);
-  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 4, 4, source.rowBytes, nullptr, &status));
-  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, nullptr, 4, 4, source.rowBytes, &result, &status));
-  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 0, 4, source.rowBytes, &result, nullptr));
-  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 4, 4, 15, &result, &status));
-  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 40000, 1, 160000, &result, &status));
+  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 4, 4,
+                               source.rowBytes, nullptr, &status));
+  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, nullptr, 4, 4, source.rowBytes,
+                               &result, &status));
+  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 0, 4,
+                               source.rowBytes, &result, nullptr));
+  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 4, 4, 15,
+                               &result, &status));
+  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 40000, 1,
+                               160000, &result, &status));
   EXPECT_EQ(status, -1);
   EXPECT_EQ(result, nullptr);
 }

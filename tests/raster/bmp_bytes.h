@@ -19,7 +19,9 @@ inline uint32_t get(const std::string& bytes, size_t at, int count = 4) {
   return value;
 }
 
-inline uint32_t stride_of(int width, int bit_count) { return (static_cast<uint32_t>(width) * (bit_count / 8) + 3) & ~3u; }
+inline uint32_t stride_of(int width, int bit_count) {
+  return (static_cast<uint32_t>(width) * (bit_count / 8) + 3) & ~3u;
+}
 
 struct BmpFields {
   int width = 1, height = 1;
@@ -35,8 +37,8 @@ struct BmpFields {
 
 inline std::string info_header(const BmpFields& f) {
   std::string out;
-  for (uint32_t v : {40u, uint32_t(f.width), uint32_t(f.height), 1u | uint32_t(f.bit_count) << 16, 0u, f.size_image,
-                     uint32_t(f.x_pels), 2835u, f.clr_used, 0u})
+  for (uint32_t v : {40u, uint32_t(f.width), uint32_t(f.height), 1u | uint32_t(f.bit_count) << 16,
+                     0u, f.size_image, uint32_t(f.x_pels), 2835u, f.clr_used, 0u})
     put(out, v);
   return out;
 }

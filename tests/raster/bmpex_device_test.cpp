@@ -36,8 +36,8 @@ Pixels pixels_of(HBITMAP bitmap, int width, int height) {
   return pixels;
 }
 
-void expect_picture_at(const DibCanvas& canvas, int left, int top, const Pixels& picture,
-                       int width, int height) {
+void expect_picture_at(const DibCanvas& canvas, int left, int top, const Pixels& picture, int width,
+                       int height) {
   for (int y = 0; y < canvas.height(); ++y)
     for (int x = 0; x < canvas.width(); ++x) {
       const bool inside = x >= left && x < left + width && y >= top && y < top + height;
@@ -110,7 +110,8 @@ TEST(BmpExDevice, SixteenAndTwentyFourBitDeviceRows) {
     DibCanvas canvas(c.width, c.height, kBackground);
     bmpExDraw(image, canvas.dc());
     DeleteObject(source);
-    if (c.depth == 24 && description.bmBitsPixel != 24) continue;  // the system keeps no 24-bit device bitmaps
+    if (c.depth == 24 && description.bmBitsPixel != 24)
+      continue;  // the system keeps no 24-bit device bitmaps
     expect_picture_at(canvas, 0, 0, c.expected, c.width, c.height);
   }
 }
@@ -144,11 +145,11 @@ TEST(BmpExDevice, PaletteBitmapsLeaveTheImageEmptyAndNullHandlesGiveZero) {
 // shows the same file.
 TEST(BmpExDevice, FileDrawnLikeTheSystemDrawsIt) {
   const std::uint8_t file[] = {
-      'B', 'M', 70, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0,  // file header
-      40, 0, 0, 0, 2, 0, 0, 0, 2, 0, 0, 0, 1, 0, 24, 0, 0, 0, 0, 0, 16, 0, 0, 0,
-      0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,  // info header
-      0x10, 0x20, 0x30, 0x40, 0x50, 0x60, 0, 0,        // bottom row, padded
-      0x70, 0x80, 0x90, 0xA0, 0xB0, 0xC0, 0, 0};       // top row
+      'B',  'M',  70,   0,    0,    0,    0, 0, 0, 0, 54, 0, 0, 0,  // file header
+      40,   0,    0,    0,    2,    0,    0, 0, 2, 0, 0,  0, 1, 0, 24, 0, 0, 0, 0, 0, 16,
+      0,    0,    0,    0,    0,    0,    0, 0, 0, 0, 0,  0, 0, 0, 0,  0, 0, 0, 0,  // info header
+      0x10, 0x20, 0x30, 0x40, 0x50, 0x60, 0, 0,   // bottom row, padded
+      0x70, 0x80, 0x90, 0xA0, 0xB0, 0xC0, 0, 0};  // top row
   const bmpExHandle image = new_image();
   bmpExLoadFromBits(image, file);
   DibCanvas ours(2, 2, kBackground), system(2, 2, kBackground);

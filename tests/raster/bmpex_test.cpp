@@ -50,7 +50,8 @@ bmpExHandle one_pixel_image() { return load_file(bmp_file({.pixels = "\x01\x02\x
 
 Words grey_palette(int n) {
   Words palette;
-  for (int i = 0; i < n; ++i) palette.push_back((static_cast<uint32_t>(i) * 0x010101u) ^ static_cast<uint32_t>(i & 1));
+  for (int i = 0; i < n; ++i)
+    palette.push_back((static_cast<uint32_t>(i) * 0x010101u) ^ static_cast<uint32_t>(i & 1));
   return palette;
 }
 
@@ -60,12 +61,15 @@ TEST(BmpEx, NullHandleGivesZeroAndEmptyObjectsSucceed) {
   QnBmpFileHeader file{};
   QnBmpInfoHeader info{};
   int width = 0;
-  for (int result : {bmpExLoad(nullptr, path), bmpExLoadFromBits(nullptr, bits.data()),
-                     bmpExLoadFromBits2(nullptr, bits.data(), 1), bmpExLoadFromBits3(nullptr, &file, &info, bits.data()),
-                     bmpExSaveToFile(nullptr, path), bmpExSaveAtEnd(nullptr, path), bmpExGetSize(nullptr, &width, nullptr),
-                     bmpExCrop(nullptr, 0, 0, 1, 1), bmpExFlip(nullptr, 1), bmpExThreshold(nullptr, 1), bmpExBlur(nullptr),
-                     bmpExBrightness(nullptr, 1), bmpExContrast(nullptr, 1), bmpExTint(nullptr, 1),
-                     bmpExConvertHsi(nullptr, 1), bmpExDrawBitmap(nullptr, 0, 0, 1, 1, nullptr, 0, 0, 1, 1, 100, 0)})
+  for (int result :
+       {bmpExLoad(nullptr, path), bmpExLoadFromBits(nullptr, bits.data()),
+        bmpExLoadFromBits2(nullptr, bits.data(), 1),
+        bmpExLoadFromBits3(nullptr, &file, &info, bits.data()), bmpExSaveToFile(nullptr, path),
+        bmpExSaveAtEnd(nullptr, path), bmpExGetSize(nullptr, &width, nullptr),
+        bmpExCrop(nullptr, 0, 0, 1, 1), bmpExFlip(nullptr, 1), bmpExThreshold(nullptr, 1),
+        bmpExBlur(nullptr), bmpExBrightness(nullptr, 1), bmpExContrast(nullptr, 1),
+        bmpExTint(nullptr, 1), bmpExConvertHsi(nullptr, 1),
+        bmpExDrawBitmap(nullptr, 0, 0, 1, 1, nullptr, 0, 0, 1, 1, 100, 0)})
     EXPECT_EQ(result, 0);
   bmpExHandle handle = new_image();
   EXPECT_EQ(saved_bytes(handle), "");
@@ -77,8 +81,9 @@ TEST(BmpEx, NullHandleGivesZeroAndEmptyObjectsSucceed) {
 struct FileCase {
   const char* name;
   BmpFields fields;
-  Words expected;         // bottom-up words
-  bool file_only = false;  // true: the memory loaders would read past the bytes or place pixels elsewhere
+  Words expected;  // bottom-up words
+  bool file_only =
+      false;  // true: the memory loaders would read past the bytes or place pixels elsewhere
 };
 
 std::vector<FileCase> file_cases() {
@@ -86,21 +91,35 @@ std::vector<FileCase> file_cases() {
   return {
       // 256 entries because biClrUsed is 0.
       {"eight_bit_all_colours",
-       {.width = 3, .height = 2, .bit_count = 8, .palette = p, .pixels = "\x00\x01\xFF\x00\x80\x7F\x02\x00"s},
+       {.width = 3,
+        .height = 2,
+        .bit_count = 8,
+        .palette = p,
+        .pixels = "\x00\x01\xFF\x00\x80\x7F\x02\x00"s},
        {p[0], p[1], p[255], p[128], p[127], p[2]}},
       // 16 entries: the pixels start at 54 + 64.
       {"eight_bit_sixteen_colours",
-       {.width = 2, .height = 2, .bit_count = 8, .clr_used = 16, .palette = p16, .pixels = "\x0F\x03\x00\x00\x00\x01\x00\x00"s},
+       {.width = 2,
+        .height = 2,
+        .bit_count = 8,
+        .clr_used = 16,
+        .palette = p16,
+        .pixels = "\x0F\x03\x00\x00\x00\x01\x00\x00"s},
        {p16[15], p16[3], 0, p16[1]}},
       // 5-5-5 values land in the byte lanes unscaled.
-      {"sixteen_bit_unscaled", {.width = 3, .bit_count = 16, .pixels = "\xFF\x7F\x00\x7C\x1F\x00\x00\x00"s},
+      {"sixteen_bit_unscaled",
+       {.width = 3, .bit_count = 16, .pixels = "\xFF\x7F\x00\x7C\x1F\x00\x00\x00"s},
        {0x1F1F1F, 0x1F0000, 0x00001F}},
-      {"twenty_four_bit_width_one", {.height = 2, .pixels = "\x01\x02\x03\x00\x04\x05\x06\x00"s}, {0x030201, 0x060504}},
+      {"twenty_four_bit_width_one",
+       {.height = 2, .pixels = "\x01\x02\x03\x00\x04\x05\x06\x00"s},
+       {0x030201, 0x060504}},
       // Width 3: 9 bytes a row padded to 12.
-      {"twenty_four_bit_width_three", {.width = 3, .pixels = "\x01\x02\x03\x04\x05\x06\x07\x08\x09\x00\x00\x00"s},
+      {"twenty_four_bit_width_three",
+       {.width = 3, .pixels = "\x01\x02\x03\x04\x05\x06\x07\x08\x09\x00\x00\x00"s},
        {0x030201, 0x060504, 0x090807}},
       // The fourth byte is carried, then dropped by the 24-bit file.
-      {"thirty_two_bit", {.width = 2, .bit_count = 32, .pixels = "\x01\x02\x03\xAA\x04\x05\x06\xBB"s},
+      {"thirty_two_bit",
+       {.width = 2, .bit_count = 32, .pixels = "\x01\x02\x03\xAA\x04\x05\x06\xBB"s},
        {0x030201, 0x060504}},
       // The four gap bytes are the first pixel and a half.
       {"offset_beyond_the_palette_read_as_pixels",
@@ -108,7 +127,8 @@ std::vector<FileCase> file_cases() {
        {0xA3A2A1, 0x0201A4},
        true},
       // Second row cut short: missing pixels read as black.
-      {"short_file", {.width = 2, .height = 2, .pixels = "\x01\x02\x03\x04\x05\x06\x00\x00\x07"s},
+      {"short_file",
+       {.width = 2, .height = 2, .pixels = "\x01\x02\x03\x04\x05\x06\x00\x00\x07"s},
        {0x030201, 0x060504, 0x000007, 0x000000},
        true},
   };
@@ -137,12 +157,21 @@ INSTANTIATE_TEST_SUITE_P(Files, BmpExFile, testing::ValuesIn(file_cases()),
                          [](const auto& info) { return std::string(info.param.name); });
 
 TEST(BmpEx, SavedFileHasExactBytes) {
-  BmpFields s{.width = 3, .height = 2, .bit_count = 32, .size_image = 1234, .reserved1 = 7, .reserved2 = 9, .x_pels = -5};
-  s.pixels = "\x01\x02\x03\xFF\x04\x05\x06\xFF\x07\x08\x09\xFF\x0A\x0B\x0C\xFF\x0D\x0E\x0F\xFF\x10\x11\x12\xFF"s;
+  BmpFields s{.width = 3,
+              .height = 2,
+              .bit_count = 32,
+              .size_image = 1234,
+              .reserved1 = 7,
+              .reserved2 = 9,
+              .x_pels = -5};
+  s.pixels =
+      "\x01\x02\x03\xFF\x04\x05\x06\xFF\x07\x08\x09\xFF\x0A\x0B\x0C\xFF\x0D\x0E\x0F\xFF\x10\x11\x12\xFF"s;
   bmpExHandle handle = load_file(bmp_file(s));
-  // 24-bit rows; everything else in the headers as held, biSizeImage and the reserved words included.
+  // 24-bit rows; everything else in the headers as held, biSizeImage and the reserved words
+  // included.
   s.bit_count = 24;
-  s.pixels = "\x01\x02\x03\x04\x05\x06\x07\x08\x09\x00\x00\x00\x0A\x0B\x0C\x0D\x0E\x0F\x10\x11\x12\x00\x00\x00"s;
+  s.pixels =
+      "\x01\x02\x03\x04\x05\x06\x07\x08\x09\x00\x00\x00\x0A\x0B\x0C\x0D\x0E\x0F\x10\x11\x12\x00\x00\x00"s;
   EXPECT_EQ(saved_bytes(handle), bmp_file(s));
   // Saving again gives the same file: the object is back in its working form.
   EXPECT_EQ(saved_bytes(handle), bmp_file(s));
@@ -175,9 +204,13 @@ TEST(BmpEx, UnreadableFilesEmptyTheObjectAndMissingOnesKeepIt) {
 
 TEST(BmpEx, PaletteCountOfAnEarlierImageMovesLaterMemoryPixels) {
   bmpExHandle handle = new_image();
-  bmpExLoadFromBits(handle, bmp_file({.bit_count = 8, .clr_used = 16, .palette = grey_palette(16),
-                                      .pixels = "\x02\x00\x00\x00"s}).data());
-  bmpExLoadFromBits(handle, bmp_file({.pixels = std::string(64, '\x11') + "\x01\x02\x03\x00"s}).data());
+  bmpExLoadFromBits(handle, bmp_file({.bit_count = 8,
+                                      .clr_used = 16,
+                                      .palette = grey_palette(16),
+                                      .pixels = "\x02\x00\x00\x00"s})
+                                .data());
+  bmpExLoadFromBits(handle,
+                    bmp_file({.pixels = std::string(64, '\x11') + "\x01\x02\x03\x00"s}).data());
   // 16 palette entries still count: the pixels are read from 54 + 64.
   EXPECT_EQ(saved_pixels(handle), Words{0x030201});
 }
@@ -185,7 +218,8 @@ TEST(BmpEx, PaletteCountOfAnEarlierImageMovesLaterMemoryPixels) {
 TEST(BmpEx, PackedDibReadsPaletteFromFileHeaderOffset) {
   // Info header, the 8 palette bytes, then pixels at 40 + 8; the palette
   // itself is read from byte 54.
-  std::string dib = info_header({.bit_count = 8, .clr_used = 2}) + std::string(8, '\0') + "\x01\x00\x00\x00"s;
+  std::string dib =
+      info_header({.bit_count = 8, .clr_used = 2}) + std::string(8, '\0') + "\x01\x00\x00\x00"s;
   dib.resize(54, '\0');
   put(dib, 0x0000FF);
   put(dib, 0x00FF00);
@@ -208,8 +242,10 @@ TEST(BmpEx, SaveAtEndAppendsOnlyToAnExistingFile) {
 }
 
 TEST(BmpExOperations, ReachTheEngine) {
-  const std::string file =
-      bmp_file({.width = 3, .height = 2, .pixels = rows_24bit({0x010101, 0x020202, 0x030303, 0x040404, 0x050505, 0x060606}, 3, 2)});
+  const std::string file = bmp_file(
+      {.width = 3,
+       .height = 2,
+       .pixels = rows_24bit({0x010101, 0x020202, 0x030303, 0x040404, 0x050505, 0x060606}, 3, 2)});
   bmpExHandle image = new_image();
   bmpExLoadFromBits(image, file.data());
   int width = 0, height = 0;
@@ -217,7 +253,8 @@ TEST(BmpExOperations, ReachTheEngine) {
   EXPECT_EQ(width, 3);
   EXPECT_EQ(height, 2);
   EXPECT_EQ(bmpExFlip(image, 1), 1);
-  EXPECT_EQ(saved_pixels(image), (Words{0x030303, 0x020202, 0x010101, 0x060606, 0x050505, 0x040404}));
+  EXPECT_EQ(saved_pixels(image),
+            (Words{0x030303, 0x020202, 0x010101, 0x060606, 0x050505, 0x040404}));
   EXPECT_EQ(bmpExCrop(image, 1, 0, 2, 1), 1);  // top row (buffer row 1), columns 1 and 2
   EXPECT_EQ(saved_pixels(image), (Words{0x050505, 0x040404}));
   EXPECT_EQ(bmpExBrightness(image, 250), 1);

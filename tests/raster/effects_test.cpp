@@ -28,11 +28,14 @@ Words applied(const Effect& effect, int width, int height, const Words& in) {
 std::vector<std::pair<std::string, Effect>> pixel_effects() {
   std::vector<std::pair<std::string, Effect>> effects;
   for (int level : {-4, 0, 1, 100, 128, 255, 300})
-    effects.emplace_back("threshold " + std::to_string(level), [=](CQnBitmap& b) { b.Threshold(level); });
+    effects.emplace_back("threshold " + std::to_string(level),
+                         [=](CQnBitmap& b) { b.Threshold(level); });
   for (int delta : {-300, -255, -17, 0, 1, 90, 255, 400})
-    effects.emplace_back("brightness " + std::to_string(delta), [=](CQnBitmap& b) { b.Brightness(delta); });
+    effects.emplace_back("brightness " + std::to_string(delta),
+                         [=](CQnBitmap& b) { b.Brightness(delta); });
   for (int level : {-3, 0, 1, 2, 3, 7, 50, 100, 101})
-    effects.emplace_back("contrast " + std::to_string(level), [=](CQnBitmap& b) { b.Contrast(level); });
+    effects.emplace_back("contrast " + std::to_string(level),
+                         [=](CQnBitmap& b) { b.Contrast(level); });
   for (uint32_t colour : {0x000000u, 0xFFFFFFu, 0xFF0000u, 0x123456u, 0x808080u, 0xFF00FF00u})
     effects.emplace_back("tint " + std::to_string(colour), [=](CQnBitmap& b) { b.Tint(colour); });
   return effects;
@@ -47,7 +50,8 @@ TEST(Effects, WholeImagesMatchThePixelsEditedOneByOne) {
       const Words words = pattern_words(size_t(size[0]) * size[1], seed++);
       const Words result = applied(effect, size[0], size[1], words);
       for (size_t i = 0; i < words.size(); ++i)
-        ASSERT_EQ(result[i], applied(effect, 1, 1, {words[i]})[0]) << name << ", " << size[0] << "x" << size[1];
+        ASSERT_EQ(result[i], applied(effect, 1, 1, {words[i]})[0])
+            << name << ", " << size[0] << "x" << size[1];
     }
 }
 
@@ -61,20 +65,54 @@ TEST(Effects, KnownValues) {
   const Words colours = {0xAB102030, 0xFF7F01, 0x808080, 0x818181};
   const KnownValues cases[] = {
       // 76 R + 150 G + 29 B against level × 256: 128 grey is not above 128, 129 is.
-      {"threshold 128", [](CQnBitmap& b) { b.Threshold(128); }, colours, {0xFFFFFF, 0, 0xFFFFFF, 0}},
-      {"threshold 0: only black is not above", [](CQnBitmap& b) { b.Threshold(0); }, {0, 1, 0xFFFFFF}, {0xFFFFFF, 0, 0}},
-      {"brightness -17", [](CQnBitmap& b) { b.Brightness(-17); }, colours, {0x000F1F, 0xEE6E00, 0x6F6F6F, 0x707070}},
-      {"brightness 90", [](CQnBitmap& b) { b.Brightness(90); }, colours, {0x6A7A8A, 0xFFD95B, 0xDADADA, 0xDBDBDB}},
-      {"brightness beyond 255", [](CQnBitmap& b) { b.Brightness(400); }, colours, Words(4, 0xFFFFFF)},
+      {"threshold 128",
+       [](CQnBitmap& b) { b.Threshold(128); },
+       colours,
+       {0xFFFFFF, 0, 0xFFFFFF, 0}},
+      {"threshold 0: only black is not above",
+       [](CQnBitmap& b) { b.Threshold(0); },
+       {0, 1, 0xFFFFFF},
+       {0xFFFFFF, 0, 0}},
+      {"brightness -17",
+       [](CQnBitmap& b) { b.Brightness(-17); },
+       colours,
+       {0x000F1F, 0xEE6E00, 0x6F6F6F, 0x707070}},
+      {"brightness 90",
+       [](CQnBitmap& b) { b.Brightness(90); },
+       colours,
+       {0x6A7A8A, 0xFFD95B, 0xDADADA, 0xDBDBDB}},
+      {"brightness beyond 255", [](CQnBitmap& b) { b.Brightness(400); }, colours,
+       Words(4, 0xFFFFFF)},
       // k = trunc(256 / level): 85 for level 3.
-      {"contrast 3", [](CQnBitmap& b) { b.Contrast(3); }, colours, {0x5A6065, 0xAA7F55, 0x808080, 0x808080}},
-      {"contrast 100 pulls to 128", [](CQnBitmap& b) { b.Contrast(100); }, {0x102030, 0xFF7F01}, {0x7F7F7F, 0x807F7F}},
-      {"contrast below 1 is 1", [](CQnBitmap& b) { b.Contrast(-3); }, colours, {0x102030, 0xFF7F01, 0x808080, 0x818181}},
+      {"contrast 3",
+       [](CQnBitmap& b) { b.Contrast(3); },
+       colours,
+       {0x5A6065, 0xAA7F55, 0x808080, 0x808080}},
+      {"contrast 100 pulls to 128",
+       [](CQnBitmap& b) { b.Contrast(100); },
+       {0x102030, 0xFF7F01},
+       {0x7F7F7F, 0x807F7F}},
+      {"contrast below 1 is 1",
+       [](CQnBitmap& b) { b.Contrast(-3); },
+       colours,
+       {0x102030, 0xFF7F01, 0x808080, 0x818181}},
       // Intensity 128 of the colour: w = 128 of 256.
-      {"grey tint", [](CQnBitmap& b) { b.Tint(0x808080); }, colours, {0x485058, 0xBF7F40, 0x808080, 0x808080}},
-      {"white tint whitens", [](CQnBitmap& b) { b.Tint(0xFFFFFF); }, {0x102030, 0xFF7F01}, {0xFFFFFF, 0xFFFFFF}},
-      {"black tint keeps the colours", [](CQnBitmap& b) { b.Tint(0); }, colours, {0x102030, 0xFF7F01, 0x808080, 0x818181}},
-      {"blur of one pixel clears the fourth byte", [](CQnBitmap& b) { b.Blur(); }, {0xAB123456}, {0x123456}},
+      {"grey tint",
+       [](CQnBitmap& b) { b.Tint(0x808080); },
+       colours,
+       {0x485058, 0xBF7F40, 0x808080, 0x808080}},
+      {"white tint whitens",
+       [](CQnBitmap& b) { b.Tint(0xFFFFFF); },
+       {0x102030, 0xFF7F01},
+       {0xFFFFFF, 0xFFFFFF}},
+      {"black tint keeps the colours",
+       [](CQnBitmap& b) { b.Tint(0); },
+       colours,
+       {0x102030, 0xFF7F01, 0x808080, 0x818181}},
+      {"blur of one pixel clears the fourth byte",
+       [](CQnBitmap& b) { b.Blur(); },
+       {0xAB123456},
+       {0x123456}},
   };
   for (const KnownValues& c : cases)
     EXPECT_EQ(applied(c.effect, static_cast<int>(c.in.size()), 1, c.in), c.out) << c.name;
@@ -100,11 +138,13 @@ TEST(Blur, AveragesTheThreeByThreeNeighbourhoodWithEdgesRepeated) {
   uint32_t seed = 100;
   for (const auto& size : kSizes) {
     const Words words = pattern_words(size_t(size[0]) * size[1], seed++);
-    EXPECT_EQ(applied([](CQnBitmap& b) { b.Blur(); }, size[0], size[1], words), blur_reference(words, size[0], size[1]))
+    EXPECT_EQ(applied([](CQnBitmap& b) { b.Blur(); }, size[0], size[1], words),
+              blur_reference(words, size[0], size[1]))
         << size[0] << "x" << size[1];
   }
   // One bright pixel among eight black: 255 / 9 = 28.3 everywhere.
-  EXPECT_EQ(applied([](CQnBitmap& b) { b.Blur(); }, 3, 3, {0, 0, 0, 0, 0xFFFFFF, 0, 0, 0, 0}), Words(9, 0x1C1C1C));
+  EXPECT_EQ(applied([](CQnBitmap& b) { b.Blur(); }, 3, 3, {0, 0, 0, 0, 0xFFFFFF, 0, 0, 0, 0}),
+            Words(9, 0x1C1C1C));
 }
 
 // Expected values from an independent rendering of the conversion formulas.
@@ -112,7 +152,8 @@ TEST(Hsi, KnownColoursBothWays) {
   const std::pair<uint32_t, uint32_t> forward[] = {
       {0xFF0000, 0xFEFF55}, {0x00FF00, 0x54FF55}, {0x0000FF, 0xAAFF55}, {0xFFFFFF, 0x0000FF},
       {0x000000, 0x005200}, {0x808080, 0x000080}, {0x0AC81E, 0x58E750}, {0xFFFF00, 0x2ABEAA}};
-  for (const auto& [rgb, hsi] : forward) EXPECT_EQ(qnutil::raster::rgb_to_hsi(rgb), hsi) << std::hex << rgb;
+  for (const auto& [rgb, hsi] : forward)
+    EXPECT_EQ(qnutil::raster::rgb_to_hsi(rgb), hsi) << std::hex << rgb;
   const std::pair<uint32_t, uint32_t> inverse[] = {
       {0x000080, 0x7F7F7F},  // grey
       {0x005200, 0x000000},  // black as the forward conversion gives it
@@ -123,7 +164,8 @@ TEST(Hsi, KnownColoursBothWays) {
       {0x00FFFF, 0xFFFEFE},  // blue below 0, then red above 255
       {0x80C8FA, 0xF0FEFF},  // red below 0, then green and blue above 255
   };
-  for (const auto& [hsi, rgb] : inverse) EXPECT_EQ(qnutil::raster::hsi_to_rgb(hsi), rgb) << std::hex << hsi;
+  for (const auto& [hsi, rgb] : inverse)
+    EXPECT_EQ(qnutil::raster::hsi_to_rgb(hsi), rgb) << std::hex << hsi;
 }
 
 TEST(Hsi, GreysKeepTheirIntensityExceptWhereTruncationBites) {
@@ -151,13 +193,15 @@ TEST(Hsi, ImageConversionFollowsTheColourSpaceFlag) {
 TEST(EffectState, SetUpOperationsMakeTheirState) {
   CQnBitmap image;
   set_words(image, 3, 2, pattern_words(6, 1));
-  EXPECT_EQ(std::pair(image.AnimationParameters()[0], image.AnimationParameters()[1]), std::pair(5, 3));
+  EXPECT_EQ(std::pair(image.AnimationParameters()[0], image.AnimationParameters()[1]),
+            std::pair(5, 3));
   image.InitColourRamp();
   ASSERT_TRUE(image.RampByteMap() && image.RampSource());
   EXPECT_EQ(std::count(image.RampByteMap(), image.RampByteMap() + 6, 0), 6);
   EXPECT_EQ(words_of(*image.RampSource()), words_of(image));
-  const std::pair<int, uint32_t> ramp[] = {{0, 0x000000}, {1, 0x050000}, {50, 0xD85300}, {100, 0xFFDE7A},
-                                           {128, 0xFFFFFE}, {200, 0xFEFFFE}, {255, 0xFEFFFE}};
+  const std::pair<int, uint32_t> ramp[] = {{0, 0x000000},   {1, 0x050000},   {50, 0xD85300},
+                                           {100, 0xFFDE7A}, {128, 0xFFFFFE}, {200, 0xFEFFFE},
+                                           {255, 0xFEFFFE}};
   for (const auto& [n, rgb] : ramp) {
     const uint8_t* entry = image.ColourRamp() + 4 * n;
     EXPECT_EQ(uint32_t(entry[0] | entry[1] << 8 | entry[2] << 16 | entry[3] << 24), rgb) << n;
@@ -168,7 +212,8 @@ TEST(EffectState, SetUpOperationsMakeTheirState) {
   image.InitNoiseTable();
   const float* noise = image.NoiseTable();
   ASSERT_TRUE(noise && image.NoiseSource());
-  EXPECT_TRUE(std::all_of(noise, noise + CQnBitmap::kNoiseTableValues, [](float v) { return v >= 0 && v < 1; }));
+  EXPECT_TRUE(std::all_of(noise, noise + CQnBitmap::kNoiseTableValues,
+                          [](float v) { return v >= 0 && v < 1; }));
   EXPECT_NE(std::count(noise, noise + 1000, noise[0]), 1000);
   image.InitNoiseTable();  // again: replaced, not leaked (checked under the sanitizers)
 }

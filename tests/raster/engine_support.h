@@ -22,9 +22,12 @@ inline void set_words(CQnBitmap& image, int width, int height, const std::vector
 }
 
 // Word at column x of picture row y (0 at the top).
-inline uint32_t picture_pixel(const CQnBitmap& image, int x, int y) { return image.PixelAt(x, image.Height() - 1 - y); }
+inline uint32_t picture_pixel(const CQnBitmap& image, int x, int y) {
+  return image.PixelAt(x, image.Height() - 1 - y);
+}
 inline uint32_t& picture_word(CQnBitmap& image, int x, int y) {
-  return reinterpret_cast<uint32_t*>(image.Pixels() + size_t(image.Height() - 1 - y) * image.Stride())[x];
+  return reinterpret_cast<uint32_t*>(image.Pixels() +
+                                     size_t(image.Height() - 1 - y) * image.Stride())[x];
 }
 
 }  // namespace raster_test

@@ -73,7 +73,8 @@ TEST_P(RegionFromBitmap, CoversExactlyTheNonKeyPixels) {
     for (int x = 0; x < c.width; ++x) pixels.push_back(c.pixel(x, y));
   DibCanvas canvas(c.width, c.height);
   canvas.set_all(pixels);
-  const HBITMAP bitmap = c.device ? qnutil_test::device_bitmap(c.width, c.height, pixels) : canvas.release_bitmap();
+  const HBITMAP bitmap =
+      c.device ? qnutil_test::device_bitmap(c.width, c.height, pixels) : canvas.release_bitmap();
   const HRGN region = QnUtil_CreateRegionFromBitmap(bitmap, kKey);
   if (c.device) DeleteObject(bitmap);
   ASSERT_NE(region, nullptr);
@@ -83,7 +84,8 @@ TEST_P(RegionFromBitmap, CoversExactlyTheNonKeyPixels) {
     ASSERT_EQ(rects.size(), c.expected->size());
     for (size_t i = 0; i < rects.size(); ++i)
       EXPECT_TRUE(EqualRect(&rects[i], &(*c.expected)[i]))
-          << i << ": " << rects[i].left << "," << rects[i].top << "," << rects[i].right << "," << rects[i].bottom;
+          << i << ": " << rects[i].left << "," << rects[i].top << "," << rects[i].right << ","
+          << rects[i].bottom;
   }
   DeleteObject(region);
 }
@@ -92,18 +94,26 @@ INSTANTIATE_TEST_SUITE_P(
     Pictures, RegionFromBitmap,
     testing::Values(
         RegionCase{"Diagonal", 7, 5, [](int x, int y) { return x == y ? kKey : 0x123456u; }},
-        RegionCase{"FourthByteIgnored", 4, 3, [](int x, int) { return x == 2 ? (kKey | 0xFF000000u) : 0x01000000u; }},
-        RegionCase{"KeyAtRowEnds", 9, 4, [](int x, int) { return x == 0 || x == 8 ? kKey : 0xFFFFFFu; }},
+        RegionCase{"FourthByteIgnored", 4, 3,
+                   [](int x, int) { return x == 2 ? (kKey | 0xFF000000u) : 0x01000000u; }},
+        RegionCase{"KeyAtRowEnds", 9, 4,
+                   [](int x, int) { return x == 0 || x == 8 ? kKey : 0xFFFFFFu; }},
         // 50 runs in each of 100 rows: two batches of 2000 and a rest.
-        RegionCase{"ManyBatches", 100, 100, [](int x, int y) { return (x + y) % 2 ? kKey : 0x00000001u; }},
+        RegionCase{"ManyBatches", 100, 100,
+                   [](int x, int y) { return (x + y) % 2 ? kKey : 0x00000001u; }},
         RegionCase{"TallStripes", 3, 700, [](int x, int) { return x == 1 ? kKey : 0x808080u; }},
-        RegionCase{"NoKeyGivesTheWholeBitmap", 4, 3, [](int, int) { return 0x00FF00FEu; }, std::vector<RECT>{RECT{0, 0, 4, 3}}},
-        RegionCase{"AllKeyGivesAnEmptyRegion", 3, 2, [](int, int) { return kKey; }, std::vector<RECT>{}},
-        RegionCase{"ExactlyTwoThousandRectangles", 40, 100, [](int x, int) { return x % 2 ? kKey : 0x00000002u; },
+        RegionCase{"NoKeyGivesTheWholeBitmap", 4, 3, [](int, int) { return 0x00FF00FEu; },
+                   std::vector<RECT>{RECT{0, 0, 4, 3}}},
+        RegionCase{"AllKeyGivesAnEmptyRegion", 3, 2, [](int, int) { return kKey; },
+                   std::vector<RECT>{}},
+        RegionCase{"ExactlyTwoThousandRectangles", 40, 100,
+                   [](int x, int) { return x % 2 ? kKey : 0x00000002u; },
                    columns_of_two_thousand()},
-        RegionCase{"OnePixelHighRowsLieAtTheTop", 5, 1, [](int x, int) { return x == 1 || x == 4 ? kKey : 1u; },
+        RegionCase{"OnePixelHighRowsLieAtTheTop", 5, 1,
+                   [](int x, int) { return x == 1 || x == 4 ? kKey : 1u; },
                    std::vector<RECT>{RECT{0, 0, 1, 1}, RECT{2, 0, 4, 1}}},
-        RegionCase{"DeviceBitmap", 3, 2, [](int x, int y) { return x == 1 && y == 0 ? kKey : 0x404040u; }, std::nullopt,
+        RegionCase{"DeviceBitmap", 3, 2,
+                   [](int x, int y) { return x == 1 && y == 0 ? kKey : 0x404040u; }, std::nullopt,
                    true}),
     [](const auto& info) { return std::string(info.param.name); });
 

@@ -15,7 +15,8 @@ namespace {
 void coordinate_image(CQnBitmap& image, int width, int height) {
   image.Create(width, height);
   for (int y = 0; y < height; ++y)
-    for (int x = 0; x < width; ++x) picture_word(image, x, y) = static_cast<uint32_t>(y) << 8 | static_cast<uint32_t>(x);
+    for (int x = 0; x < width; ++x)
+      picture_word(image, x, y) = static_cast<uint32_t>(y) << 8 | static_cast<uint32_t>(x);
 }
 
 TEST(Create, SetsHeadersAndReturnsFileSize) {
@@ -90,17 +91,20 @@ TEST_P(CropTest, KeepsTheClampedRectangle) {
   EXPECT_EQ(image.FileHeader().bfSize, size_before);  // recomputed only by the next conversion
   for (int y = 0; y < c.expect_h; ++y)
     for (int x = 0; x < c.expect_w; ++x)
-      ASSERT_EQ(picture_pixel(image, x, y), uint32_t(c.expect_y + y) << 8 | uint32_t(c.expect_x + x)) << x << "," << y;
+      ASSERT_EQ(picture_pixel(image, x, y),
+                uint32_t(c.expect_y + y) << 8 | uint32_t(c.expect_x + x))
+          << x << "," << y;
 }
 
-INSTANTIATE_TEST_SUITE_P(Rectangles, CropTest,
-                         testing::Values(CropCase{100, 100, -10, -10, 20, 20, 0, 0, 20, 20},
-                                         CropCase{100, 100, 100, 0, 10, 10, 0, 0, 100, 100},  // width 0: unchanged
-                                         CropCase{100, 50, 0, 0, 1000, 1000, 0, 0, 100, 50},
-                                         CropCase{10, 8, 3, 2, 4, 5, 3, 2, 4, 5},
-                                         CropCase{10, 8, 9, 7, 5, 5, 9, 7, 1, 1},
-                                         CropCase{10, 8, 2, 8, 3, 3, 0, 0, 10, 8},  // height 0: unchanged
-                                         CropCase{7, 3, 1, 0, 5, -2, 0, 0, 7, 3}));
+INSTANTIATE_TEST_SUITE_P(
+    Rectangles, CropTest,
+    testing::Values(CropCase{100, 100, -10, -10, 20, 20, 0, 0, 20, 20},
+                    CropCase{100, 100, 100, 0, 10, 10, 0, 0, 100, 100},  // width 0: unchanged
+                    CropCase{100, 50, 0, 0, 1000, 1000, 0, 0, 100, 50},
+                    CropCase{10, 8, 3, 2, 4, 5, 3, 2, 4, 5},
+                    CropCase{10, 8, 9, 7, 5, 5, 9, 7, 1, 1},
+                    CropCase{10, 8, 2, 8, 3, 3, 0, 0, 10, 8},  // height 0: unchanged
+                    CropCase{7, 3, 1, 0, 5, -2, 0, 0, 7, 3}));
 
 TEST(Flip, MirrorsRowsAndColumns) {
   for (int size : {1, 2, 3, 5, 7, 8, 9, 17}) {
@@ -128,7 +132,8 @@ TEST(Geometry, EmptyImageIsLeftAlone) {
   EXPECT_TRUE(image.IsEmpty());
 }
 
-const BmpFields kTwoByTwo{.width = 2, .height = 2, .pixels = rows_24bit({0x010203, 0x040506, 0x070809, 0x0A0B0C}, 2, 2)};
+const BmpFields kTwoByTwo{
+    .width = 2, .height = 2, .pixels = rows_24bit({0x010203, 0x040506, 0x070809, 0x0A0B0C}, 2, 2)};
 
 TEST(SizedLoader, BytesBeyondTheLengthReadAsZero) {
   const std::string file = bmp_file(kTwoByTwo);
@@ -162,8 +167,10 @@ TEST(SizedLoader, PackedDibAndSeparateHeadersHonourTheLength) {
 }
 
 TEST(SaveToMemory, LeavesRoomForThePaletteCountAsItStands) {
-  const std::string file = bmp_file({.bit_count = 8, .clr_used = 4, .palette = {1, 2, 3, 0x445566},
-                                      .pixels = std::string("\x03\x00\x00\x00", 4)});
+  const std::string file = bmp_file({.bit_count = 8,
+                                     .clr_used = 4,
+                                     .palette = {1, 2, 3, 0x445566},
+                                     .pixels = std::string("\x03\x00\x00\x00", 4)});
   CQnBitmap image;
   image.LoadFromBits(file.data(), file.size());
   ASSERT_EQ(image.PaletteCount(), 4u);
@@ -173,8 +180,8 @@ TEST(SaveToMemory, LeavesRoomForThePaletteCountAsItStands) {
   EXPECT_FALSE(image.SaveToMemory(memory.data(), size - 1));
   EXPECT_EQ(memory, std::string(size, '\x77'));
   EXPECT_TRUE(image.SaveToMemory(memory.data(), size));
-  EXPECT_EQ(get(memory, 2), 54u + 4);   // bfSize counts no palette
-  EXPECT_EQ(get(memory, 10), 54u);      // nor does bfOffBits
+  EXPECT_EQ(get(memory, 2), 54u + 4);  // bfSize counts no palette
+  EXPECT_EQ(get(memory, 10), 54u);     // nor does bfOffBits
   EXPECT_EQ(memory[28], 24);
   EXPECT_EQ(memory.substr(54, 16), std::string(16, '\x77'));  // the gap is not written
   EXPECT_EQ(memory.substr(70), std::string("\x66\x55\x44\x00", 4));

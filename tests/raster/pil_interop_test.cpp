@@ -44,7 +44,8 @@ TEST(PilInterop, ReadsFilesPilWrote) {
     ASSERT_EQ(bmpExInit(&handle), 1);
     ASSERT_EQ(bmpExLoad(handle, entry.path().string().c_str()), 1);
     ASSERT_EQ(bmpExSaveToFile(handle, scratch.file("out.bmp").c_str()), 1);
-    EXPECT_EQ(dump_of_words(decode_24bit(read_file(scratch.path() / "out.bmp")), width, height), read_file(dump_path))
+    EXPECT_EQ(dump_of_words(decode_24bit(read_file(scratch.path() / "out.bmp")), width, height),
+              read_file(dump_path))
         << entry.path().filename().string();
     ++files;
   }

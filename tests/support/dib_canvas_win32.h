@@ -27,8 +27,8 @@ class DibCanvas {
   DibCanvas(int width, int height, std::uint32_t fill_word = 0) : width_(width), height_(height) {
     const BITMAPINFO info = top_down_info(width, height);
     dc_ = CreateCompatibleDC(nullptr);
-    bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits_),
-                               nullptr, 0);
+    bitmap_ =
+        CreateDIBSection(dc_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits_), nullptr, 0);
     old_ = SelectObject(dc_, bitmap_);
     fill(fill_word);
   }

@@ -6,7 +6,8 @@
 
 namespace qnutil_tool {
 
-bool save_bmp(const std::string& path, int width, int height, const std::vector<std::uint32_t>& words) {
+bool save_bmp(const std::string& path, int width, int height,
+              const std::vector<std::uint32_t>& words) {
   // The engine takes rows bottom-up, as BMP files hold them.
   std::vector<std::uint32_t> rows;
   rows.reserve(words.size());

@@ -28,8 +28,10 @@ const Command kBmp{
     "       qnutil bmp brightness IN OUT DELTA    (-255..255)\n"
     "       qnutil bmp contrast IN OUT LEVEL      (1..100; 1 keeps the image)\n"
     "       qnutil bmp tint IN OUT RRGGBB\n"
-    "       qnutil bmp hsi IN OUT [--round-trip]  (hue/saturation/intensity words as colours, or to them and back)\n"
-    "       qnutil bmp compose BASE OVERLAY OUT [--at X Y W H] [--from X Y W H] [--opacity P] [--mode 0|1|2]",
+    "       qnutil bmp hsi IN OUT [--round-trip]  (hue/saturation/intensity words as colours, or "
+    "to them and back)\n"
+    "       qnutil bmp compose BASE OVERLAY OUT [--at X Y W H] [--from X Y W H] [--opacity P] "
+    "[--mode 0|1|2]",
     run_bmp};
 
 bool parse_int(const char* text, int* value) {
@@ -86,7 +88,8 @@ int save(bmpExHandle image, const char* path) {
   std::remove(path);
   bmpExSaveToFile(image, path);
   if (read_header(path).empty()) {
-    std::fprintf(stderr, "qnutil bmp: nothing written to %s (unsupported input, or cannot write)\n", path);
+    std::fprintf(stderr, "qnutil bmp: nothing written to %s (unsupported input, or cannot write)\n",
+                 path);
     return 1;
   }
   return 0;
@@ -121,7 +124,8 @@ int info(const char* path) {
   const auto h = read_header(path);
   if (h.size() < 54) return fail("bmp", path, "not a BMP file (shorter than its 54 header bytes)");
   if (h[0] != 'B' || h[1] != 'M') return fail("bmp", path, "not a BMP file (no \"BM\" signature)");
-  const int32_t width = static_cast<int32_t>(le(h, 18, 4)), height = static_cast<int32_t>(le(h, 22, 4));
+  const int32_t width = static_cast<int32_t>(le(h, 18, 4)),
+                height = static_cast<int32_t>(le(h, 22, 4));
   const unsigned bits = le(h, 28, 2);
   const uint32_t colours = le(h, 46, 4);
   std::printf("%s\n  signature    BM\n  file size    %u (header says)\n  pixel offset %u\n", path,
@@ -138,8 +142,8 @@ int info(const char* path) {
     std::printf("  engine       reads %d x %d pixels into 32-bit words%s\n", width, height,
                 bits == 16 ? " (16-bit channels stay 0..31)" : "");
   } else {
-    std::printf("  engine       makes %d x %d black pixels (no rule for %u bits per pixel)\n", width,
-                height, bits);
+    std::printf("  engine       makes %d x %d black pixels (no rule for %u bits per pixel)\n",
+                width, height, bits);
   }
   return 0;
 }
@@ -165,7 +169,8 @@ int compose(int argc, char** argv) {
       i += 4;
     } else if (option == "--opacity" && i + 1 < argc && parse_int(argv[i + 1], &opacity)) {
       ++i;
-    } else if (option == "--mode" && i + 1 < argc && parse_int(argv[i + 1], &mode) && mode >= 0 && mode <= 2) {
+    } else if (option == "--mode" && i + 1 < argc && parse_int(argv[i + 1], &mode) && mode >= 0 &&
+               mode <= 2) {
       ++i;
     } else {
       return usage_error(kBmp);
@@ -179,7 +184,8 @@ int compose(int argc, char** argv) {
   // Extents are inclusive: the whole picture is width - 1 by height - 1.
   if (at[2] < 0) at[2] = width - 1 - at[0], at[3] = height - 1 - at[1];
   if (from[2] < 0) from[2] = overlay_width - 1 - from[0], from[3] = overlay_height - 1 - from[1];
-  bmpExDrawBitmap(base, at[0], at[1], at[2], at[3], overlay, from[0], from[1], from[2], from[3], opacity, mode);
+  bmpExDrawBitmap(base, at[0], at[1], at[2], at[3], overlay, from[0], from[1], from[2], from[3],
+                  opacity, mode);
   return save(base, argv[4]);
 }
 
@@ -190,13 +196,20 @@ int run_bmp(int argc, char** argv) {
   if (action == "compose") return compose(argc, argv);
   if (argc < 4) return usage_error(kBmp);
   if (action == "convert") return transform(argc, argv, 0, [](bmpExHandle, int*) {});
-  if (action == "crop") return transform(argc, argv, 4, [](bmpExHandle i, int* v) { bmpExCrop(i, v[0], v[1], v[2], v[3]); });
-  if (action == "flip-h") return transform(argc, argv, 0, [](bmpExHandle i, int*) { bmpExFlip(i, 1); });
-  if (action == "flip-v") return transform(argc, argv, 0, [](bmpExHandle i, int*) { bmpExFlip(i, 0); });
-  if (action == "threshold") return transform(argc, argv, 1, [](bmpExHandle i, int* v) { bmpExThreshold(i, v[0]); });
+  if (action == "crop")
+    return transform(argc, argv, 4,
+                     [](bmpExHandle i, int* v) { bmpExCrop(i, v[0], v[1], v[2], v[3]); });
+  if (action == "flip-h")
+    return transform(argc, argv, 0, [](bmpExHandle i, int*) { bmpExFlip(i, 1); });
+  if (action == "flip-v")
+    return transform(argc, argv, 0, [](bmpExHandle i, int*) { bmpExFlip(i, 0); });
+  if (action == "threshold")
+    return transform(argc, argv, 1, [](bmpExHandle i, int* v) { bmpExThreshold(i, v[0]); });
   if (action == "blur") return transform(argc, argv, 0, [](bmpExHandle i, int*) { bmpExBlur(i); });
-  if (action == "brightness") return transform(argc, argv, 1, [](bmpExHandle i, int* v) { bmpExBrightness(i, v[0]); });
-  if (action == "contrast") return transform(argc, argv, 1, [](bmpExHandle i, int* v) { bmpExContrast(i, v[0]); });
+  if (action == "brightness")
+    return transform(argc, argv, 1, [](bmpExHandle i, int* v) { bmpExBrightness(i, v[0]); });
+  if (action == "contrast")
+    return transform(argc, argv, 1, [](bmpExHandle i, int* v) { bmpExContrast(i, v[0]); });
   if (action == "tint") {
     unsigned colour = 0;
     if (argc != 5 || !parse_colour(argv[4], &colour)) return usage_error(kBmp);
@@ -228,24 +241,38 @@ int demo_raster(const DemoContext& context) {
     void (*apply)(bmpExHandle image, bmpExHandle sample);
   };
   const Step steps[] = {
-      {"raster-original.bmp", "the sample as loaded and saved (24-bit)", [](bmpExHandle, bmpExHandle) {}},
-      {"raster-crop.bmp", "crop 20,10 48x40", [](bmpExHandle i, bmpExHandle) { bmpExCrop(i, 20, 10, 48, 40); }},
-      {"raster-flip-h.bmp", "mirrored left to right", [](bmpExHandle i, bmpExHandle) { bmpExFlip(i, 1); }},
-      {"raster-flip-v.bmp", "mirrored top to bottom", [](bmpExHandle i, bmpExHandle) { bmpExFlip(i, 0); }},
-      {"raster-threshold.bmp", "threshold 128", [](bmpExHandle i, bmpExHandle) { bmpExThreshold(i, 128); }},
-      {"raster-blur.bmp", "blurred three times", [](bmpExHandle i, bmpExHandle) { bmpExBlur(i), bmpExBlur(i), bmpExBlur(i); }},
-      {"raster-brightness.bmp", "brightness +60", [](bmpExHandle i, bmpExHandle) { bmpExBrightness(i, 60); }},
-      {"raster-contrast.bmp", "contrast 3", [](bmpExHandle i, bmpExHandle) { bmpExContrast(i, 3); }},
-      {"raster-tint.bmp", "tinted toward #C08040", [](bmpExHandle i, bmpExHandle) { bmpExTint(i, 0xC08040); }},
+      {"raster-original.bmp", "the sample as loaded and saved (24-bit)",
+       [](bmpExHandle, bmpExHandle) {}},
+      {"raster-crop.bmp", "crop 20,10 48x40",
+       [](bmpExHandle i, bmpExHandle) { bmpExCrop(i, 20, 10, 48, 40); }},
+      {"raster-flip-h.bmp", "mirrored left to right",
+       [](bmpExHandle i, bmpExHandle) { bmpExFlip(i, 1); }},
+      {"raster-flip-v.bmp", "mirrored top to bottom",
+       [](bmpExHandle i, bmpExHandle) { bmpExFlip(i, 0); }},
+      {"raster-threshold.bmp", "threshold 128",
+       [](bmpExHandle i, bmpExHandle) { bmpExThreshold(i, 128); }},
+      {"raster-blur.bmp", "blurred three times",
+       [](bmpExHandle i, bmpExHandle) { bmpExBlur(i), bmpExBlur(i), bmpExBlur(i); }},
+      {"raster-brightness.bmp", "brightness +60",
+       [](bmpExHandle i, bmpExHandle) { bmpExBrightness(i, 60); }},
+      {"raster-contrast.bmp", "contrast 3",
+       [](bmpExHandle i, bmpExHandle) { bmpExContrast(i, 3); }},
+      {"raster-tint.bmp", "tinted toward #C08040",
+       [](bmpExHandle i, bmpExHandle) { bmpExTint(i, 0xC08040); }},
       {"raster-hsi.bmp", "hue/saturation/intensity words shown as colours",
        [](bmpExHandle i, bmpExHandle) { bmpExConvertHsi(i, 1); }},
       {"raster-hsi-back.bmp", "to hue/saturation/intensity and back",
        [](bmpExHandle i, bmpExHandle) { bmpExConvertHsi(i, 1), bmpExConvertHsi(i, 0); }},
       {"raster-compose-nearest.bmp", "a quarter of the sample enlarged onto it, nearest pixel, 70%",
-       [](bmpExHandle i, bmpExHandle s) { bmpExDrawBitmap(i, 8, 8, 59, 39, s, 20, 14, 23, 15, 70, 0); }},
+       [](bmpExHandle i, bmpExHandle s) {
+         bmpExDrawBitmap(i, 8, 8, 59, 39, s, 20, 14, 23, 15, 70, 0);
+       }},
       {"raster-compose-bilinear.bmp", "the same, bilinear",
-       [](bmpExHandle i, bmpExHandle s) { bmpExDrawBitmap(i, 8, 8, 59, 39, s, 20, 14, 23, 15, 70, 1); }},
-      {"raster-compose-smooth.bmp", "the same, smoothing; and the whole sample reduced into a corner",
+       [](bmpExHandle i, bmpExHandle s) {
+         bmpExDrawBitmap(i, 8, 8, 59, 39, s, 20, 14, 23, 15, 70, 1);
+       }},
+      {"raster-compose-smooth.bmp",
+       "the same, smoothing; and the whole sample reduced into a corner",
        [](bmpExHandle i, bmpExHandle s) {
          bmpExDrawBitmap(i, 8, 8, 59, 39, s, 20, 14, 23, 15, 70, 2);
          bmpExDrawBitmap(i, 64, 40, 31, 23, s, 0, 0, 95, 63, 100, 2);

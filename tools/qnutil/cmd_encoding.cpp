@@ -19,7 +19,8 @@ const Command kB64{"b64", "print a file as base64 text (jpgToXML)", "b64 FILE", 
 // size is not a multiple of three, else the character of the last byte's
 // low six bits.
 char final_character(const std::string& path) {
-  static const char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  static const char kAlphabet[] =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
   std::ifstream in(path, std::ios::binary | std::ios::ate);
   const auto size = static_cast<long long>(in.tellg());
   if (size % 3 != 0) return '=';

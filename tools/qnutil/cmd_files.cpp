@@ -15,8 +15,7 @@ namespace {
 
 int run_ls(int argc, char** argv);
 
-const Command kLs{"ls",
-                  "list a folder: flags, size, last write (UTC) and name of each entry",
+const Command kLs{"ls", "list a folder: flags, size, last write (UTC) and name of each entry",
                   "ls DIR [PATTERN] [--json]\n"
                   "  PATTERN uses * and ? (default *.*). Columns: flags in hex, kind and\n"
                   "  attributes (d folder, r read-only, h hidden, s system, a archive),\n"
@@ -36,7 +35,8 @@ std::string attribute_letters(std::uint32_t flags) {
 std::string utc_time(std::uint32_t seconds) {
   const std::time_t time = static_cast<std::time_t>(seconds);
   char text[32] = "?";
-  if (const std::tm* utc = std::gmtime(&time)) std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", utc);
+  if (const std::tm* utc = std::gmtime(&time))
+    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", utc);
   return text;
 }
 
@@ -54,9 +54,8 @@ void print_entries_json(const QnUtilDirEntry* entries, unsigned count) {
   for (unsigned i = 0; i < count; ++i) {
     const QnUtilDirEntry& entry = entries[i];
     json.item("{\"name\": " + json_string(entry.name) +
-              ", \"flags\": " + std::to_string(entry.flags) +
-              ", \"attributes\": \"" + attribute_letters(entry.flags) +
-              "\", \"size\": " + std::to_string(entry.size) +
+              ", \"flags\": " + std::to_string(entry.flags) + ", \"attributes\": \"" +
+              attribute_letters(entry.flags) + "\", \"size\": " + std::to_string(entry.size) +
               ", \"mtime\": " + std::to_string(entry.mtime) + "}");
   }
 }
@@ -94,7 +93,8 @@ int demo_files(const DemoContext& context) {
   QnUtil_FreeEntries(&entries);
 
   const std::string output = context.output.string();
-  QnUtilFioFile* file = fio_open(output.c_str(), "header.bin", QNUTIL_FIO_WRITE | QNUTIL_FIO_HEADER);
+  QnUtilFioFile* file =
+      fio_open(output.c_str(), "header.bin", QNUTIL_FIO_WRITE | QNUTIL_FIO_HEADER);
   if (file == nullptr) return 1;
   fio_putstring(file, "payload", 10);
   fio_close(file);

@@ -55,9 +55,11 @@ bool read_bmp(const char* path, Picture& picture, std::string& error) {
   bmpExGetSize(image, &picture.width, &picture.height);
   picture.pixels.assign(std::size_t(picture.width) * picture.height * 4, 0);
   BITMAPINFO info{};
-  info.bmiHeader = {sizeof info.bmiHeader, picture.width, -picture.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  info.bmiHeader = {
+      sizeof info.bmiHeader, picture.width, -picture.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
   const HDC screen = GetDC(nullptr);
-  const int rows = GetDIBits(screen, bitmap, 0, UINT(picture.height), picture.pixels.data(), &info, DIB_RGB_COLORS);
+  const int rows = GetDIBits(screen, bitmap, 0, UINT(picture.height), picture.pixels.data(), &info,
+                             DIB_RGB_COLORS);
   ReleaseDC(nullptr, screen);
   DeleteObject(bitmap);
   if (rows != picture.height) {
@@ -83,8 +85,8 @@ bool QNUTIL_CALL draw_progress(float fraction, int32_t) {
   if (!(fraction >= 0)) fraction = 0;  // also NaN from a plug-in reporting 0 of 0
   if (fraction > 1) fraction = 1;
   const int filled = int(std::lround(fraction * kBarWidth));
-  std::fprintf(stderr, "\r[%s%s] %3d%%", std::string(filled, '#').c_str(), std::string(kBarWidth - filled, ' ').c_str(),
-               int(std::lround(fraction * 100)));
+  std::fprintf(stderr, "\r[%s%s] %3d%%", std::string(filled, '#').c_str(),
+               std::string(kBarWidth - filled, ' ').c_str(), int(std::lround(fraction * 100)));
   std::fflush(stderr);
   return true;
 }
@@ -94,8 +96,9 @@ PSFilter_* load(const char* path, char** category, char** name) {
   PSFilter_* filter = nullptr;
   int32_t error = 0;
   if (!AVGetPSFilterAndInfo(path, category, name, &filter, &error)) {
-    std::fprintf(stderr, "qnutil filter: %s is not a usable filter plug-in for this build (error %d)\n", path,
-                 int(error));
+    std::fprintf(stderr,
+                 "qnutil filter: %s is not a usable filter plug-in for this build (error %d)\n",
+                 path, int(error));
     return nullptr;
   }
   return filter;
@@ -118,8 +121,9 @@ int show_info(const char* path) {
 bool apply_once(PSFilter_* filter, Picture& picture, bool repeatLast) {
   unsigned char* result = nullptr;
   int32_t status = 0;
-  const bool ok = AVApplyPSFilter(filter, repeatLast, draw_progress, 0, picture.pixels.data(), picture.width,
-                                  picture.height, picture.width * 4, &result, &status);
+  const bool ok =
+      AVApplyPSFilter(filter, repeatLast, draw_progress, 0, picture.pixels.data(), picture.width,
+                      picture.height, picture.width * 4, &result, &status);
   std::fprintf(stderr, "\n");
   if (ok) std::memcpy(picture.pixels.data(), result, picture.pixels.size());
   AVFreeGotPSFilterImage(&result);
@@ -156,7 +160,9 @@ int run_filter_command(int argc, char** argv) {
 #ifdef _WIN32
   return info ? show_info(argv[2]) : apply(argv[2], argv[3], argv[4], repeat);
 #else
-  std::fprintf(stderr, "qnutil filter: filter plug-ins are Windows DLLs; this needs a Windows build of qnutil\n");
+  std::fprintf(
+      stderr,
+      "qnutil filter: filter plug-ins are Windows DLLs; this needs a Windows build of qnutil\n");
   return 1;
 #endif
 }

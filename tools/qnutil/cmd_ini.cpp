@@ -68,8 +68,9 @@ void print_material(CQnMatFile& material) {
   std::printf("RGBSpiegel  %g, %g, %g\n", m.RGBSpiegel[0], m.RGBSpiegel[1], m.RGBSpiegel[2]);
   std::printf("alpha       %g\nkambient    %g\nkdiffus     %g\nkspiegel    %g\nOe          %g\n",
               m.alpha, m.kambient, m.kdiffus, m.kspiegel, m.Oe);
-  std::printf("oeInvPow    %g   (derived)\noeOffset    %g   (derived)\noePow       %g   (derived)\n",
-              m.oeInvPow, m.oeOffset, m.oePow);
+  std::printf(
+      "oeInvPow    %g   (derived)\noeOffset    %g   (derived)\noePow       %g   (derived)\n",
+      m.oeInvPow, m.oeOffset, m.oePow);
   std::printf("reserved    %u\nBits        %u\nTesttextur  %s\n", static_cast<unsigned>(m.reserved),
               static_cast<unsigned>(m.Bits), texture.c_str());
 }
@@ -137,9 +138,9 @@ std::string set_field(CQnMatFile& material, const char* key, const char* value) 
     const char* key;
     float* field;
   };
-  for (const Number& number : {Number{"kdiffus", &m.kdiffus}, Number{"kambient", &m.kambient},
-                               Number{"kspiegel", &m.kspiegel}, Number{"alpha", &m.alpha},
-                               Number{"Oe", &m.Oe}}) {
+  for (const Number& number :
+       {Number{"kdiffus", &m.kdiffus}, Number{"kambient", &m.kambient},
+        Number{"kspiegel", &m.kspiegel}, Number{"alpha", &m.alpha}, Number{"Oe", &m.Oe}}) {
     if (std::strcmp(key, number.key) != 0) continue;
     const float limit = std::numeric_limits<float>::max();
     return parse_number(value, -limit, limit, *number.field) ? "" : "is not a finite number";
@@ -195,8 +196,10 @@ int demo_ini(const DemoContext& context) {
   std::error_code error;
   const fs::path drawing = context.output / "drawing.ini";
   const fs::path glass = context.output / "glass.mat";
-  fs::copy_file(context.samples / "ini" / "drawing.ini", drawing, fs::copy_options::overwrite_existing, error);
-  fs::copy_file(context.samples / "ini" / "glass.mat", glass, fs::copy_options::overwrite_existing, error);
+  fs::copy_file(context.samples / "ini" / "drawing.ini", drawing,
+                fs::copy_options::overwrite_existing, error);
+  fs::copy_file(context.samples / "ini" / "glass.mat", glass, fs::copy_options::overwrite_existing,
+                error);
   if (error) return 1;
 
   MiniHandle ini = mini_open_ex(drawing.string().c_str(), 0);
@@ -211,7 +214,8 @@ int demo_ini(const DemoContext& context) {
   std::printf("View: Zoom %g, Grid \"%s\", %d layers\n", zoom, grid, count);
   FillStyleRec wall{};
   mini_read_fillstyle(ini, "Styles", "Wall", &wall);
-  std::printf("Wall fill: style %u, colour 0x%06x\n", wall.style, static_cast<unsigned>(wall.color));
+  std::printf("Wall fill: style %u, colour 0x%06x\n", wall.style,
+              static_cast<unsigned>(wall.color));
   const PenStyleRec pen{2, 0.25f, 0x0000ff};
   const double offsets[] = {0.5, 1.0, -2.75};
   mini_write_penstyle(ini, "Styles", "Outline", &pen);

@@ -21,7 +21,8 @@ namespace {
 
 int run_tri(int argc, char** argv);
 
-const Command kTri{"tri", "triangulate \"x y\" points (the first N the boundary) and draw the triangles",
+const Command kTri{"tri",
+                   "triangulate \"x y\" points (the first N the boundary) and draw the triangles",
                    "tri POINTS [--boundary N] [--svg OUT.svg] [--bmp OUT.bmp] [--json]\n"
                    "  --json prints the triangles as an array of three [x, y] corners each",
                    run_tri};
@@ -89,12 +90,13 @@ struct View {
 bool write_svg(const std::string& path, const Triangulation& t) {
   const View view(t, 800);
   std::ofstream out(path);
-  out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << view.width << "\" height=\"" << view.height
-      << "\">\n<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
+  out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << view.width << "\" height=\""
+      << view.height << "\">\n<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
       << "<g fill=\"#dfe8f5\" stroke=\"#3a5a8c\" stroke-width=\"0.5\" stroke-linejoin=\"round\">\n";
   for (std::size_t i = 0; i + 2 < t.corners.size(); i += 3) {
     out << "<polygon points=\"";
-    for (std::size_t k = i; k < i + 3; ++k) out << view.x(t.corners[k]) << ',' << view.y(t.corners[k]) << ' ';
+    for (std::size_t k = i; k < i + 3; ++k)
+      out << view.x(t.corners[k]) << ',' << view.y(t.corners[k]) << ' ';
     out << "\"/>\n";
   }
   out << "</g>\n<polygon fill=\"none\" stroke=\"#c02020\" stroke-width=\"1.5\" points=\"";
@@ -107,10 +109,13 @@ bool write_svg(const std::string& path, const Triangulation& t) {
 // words, rows top-down.
 class Canvas {
  public:
-  Canvas(int width, int height) : width_(width), height_(height), words_(std::size_t(width) * height, 0xFFFFFF) {}
+  Canvas(int width, int height)
+      : width_(width), height_(height), words_(std::size_t(width) * height, 0xFFFFFF) {}
 
   void line(double x0, double y0, double x1, double y1, std::uint32_t rgb) {
-    const int steps = static_cast<int>(std::min(4096.0, std::ceil(std::max(std::fabs(x1 - x0), std::fabs(y1 - y0))))) + 1;
+    const int steps = static_cast<int>(std::min(
+                          4096.0, std::ceil(std::max(std::fabs(x1 - x0), std::fabs(y1 - y0))))) +
+                      1;
     for (int i = 0; i <= steps; ++i) {
       const double t = static_cast<double>(i) / steps;
       plot(x0 + t * (x1 - x0), y0 + t * (y1 - y0), rgb);
@@ -153,13 +158,14 @@ bool triangulate(const std::vector<Vertex>& points, unsigned int boundary, Trian
                               "triangulating " + std::to_string(points.size()) + " points");
   void* array = nullptr;
   unsigned int count = 0;
-  if (!Triangulieren(static_cast<int>(points.size()), boundary, points.empty() ? nullptr : &points[0].x, &array,
-                     &count))
+  if (!Triangulieren(static_cast<int>(points.size()), boundary,
+                     points.empty() ? nullptr : &points[0].x, &array, &count))
     return false;
   const auto* corners = static_cast<const Vertex*>(array);
   result.corners.assign(corners, corners + 3u * count);
   FreeTriangs(&array);
-  result.boundary.assign(points.begin(), points.begin() + std::min<std::size_t>(boundary, points.size()));
+  result.boundary.assign(points.begin(),
+                         points.begin() + std::min<std::size_t>(boundary, points.size()));
   return true;
 }
 
@@ -177,7 +183,9 @@ bool write_drawings(const Triangulation& t, const char* svg, const char* bmp) {
 
 void print_triangles_json(const Triangulation& t) {
   JsonArrayWriter json;
-  auto corner = [](const Vertex& v) { return "[" + json_number(v.x) + ", " + json_number(v.y) + "]"; };
+  auto corner = [](const Vertex& v) {
+    return "[" + json_number(v.x) + ", " + json_number(v.y) + "]";
+  };
   for (std::size_t i = 0; i + 2 < t.corners.size(); i += 3) {
     const Vertex* c = &t.corners[i];
     json.item("[" + corner(c[0]) + ", " + corner(c[1]) + ", " + corner(c[2]) + "]");

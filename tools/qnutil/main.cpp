@@ -11,8 +11,8 @@ namespace {
 
 using qnutil_tool::Command;
 using qnutil_tool::commands;
-using qnutil_tool::DemoContext;
 using qnutil_tool::demo_steps;
+using qnutil_tool::DemoContext;
 
 // Message boxes of the library become lines on stderr: a command-line tool
 // must never wait for a click.
@@ -27,7 +27,8 @@ const Command* find_command(const char* name) {
 }
 
 void print_help() {
-  std::printf("qnutil %s - command-line access to the QnUtil library\n\n", QnUtil_GetVersionString());
+  std::printf("qnutil %s - command-line access to the QnUtil library\n\n",
+              QnUtil_GetVersionString());
   std::printf("usage: qnutil COMMAND [ARGS...]\n\ncommands:\n");
   std::printf("  %-10s %s\n", "--version", "print the library and header versions");
   std::printf("  %-10s %s\n", "help", "list commands, or show one command's usage: help COMMAND");
@@ -121,7 +122,8 @@ int main(int argc, char** argv) {
   if (std::strcmp(name, "help") == 0 || is_help_flag(name)) return run_help(argc, argv);
   if (std::strcmp(name, "demo") == 0) return run_demo(argc, argv);
   if (const Command* command = find_command(name))
-    return argc > 2 && is_help_flag(argv[2]) ? print_usage(*command) : command->run(argc - 1, argv + 1);
+    return argc > 2 && is_help_flag(argv[2]) ? print_usage(*command)
+                                             : command->run(argc - 1, argv + 1);
   std::fprintf(stderr, "qnutil: unknown command '%s' (try 'qnutil help')\n", name);
   return 2;
 }

@@ -20,7 +20,8 @@ bool intersect(const Point& p, const Point& q, const Point& r, const Point& s, P
   const double ex = r.x - p.x, ey = r.y - p.y;
   const double t = (ex * dy2 - ey * dx2) / denominator;
   const double u = (ex * dy1 - ey * dx1) / denominator;
-  if (!(t >= -kTolerance && t <= 1.0 + kTolerance && u >= -kTolerance && u <= 1.0 + kTolerance)) return false;
+  if (!(t >= -kTolerance && t <= 1.0 + kTolerance && u >= -kTolerance && u <= 1.0 + kTolerance))
+    return false;
   cut = {p.x + t * dx1, p.y + t * dy1};
   return true;
 }
@@ -46,11 +47,13 @@ float to_float(double value) {
 void append_counter_clockwise(const Point& a, const Point& b, const Point& c, TriangleArray& out) {
   // Orientation is decided on the coordinates as stored, so that rounding to
   // float can never leave a clockwise triangle behind.
-  const float corner[6] = {to_float(a.x), to_float(a.y), to_float(b.x), to_float(b.y), to_float(c.x), to_float(c.y)};
+  const float corner[6] = {to_float(a.x), to_float(a.y), to_float(b.x),
+                           to_float(b.y), to_float(c.x), to_float(c.y)};
   bool finite = true;
   for (float value : corner) finite = finite && std::isfinite(value);
-  const bool counter_clockwise = finite && orientation({corner[0], corner[1]}, {corner[2], corner[3]},
-                                                       {corner[4], corner[5]}) > 0;
+  const bool counter_clockwise =
+      finite &&
+      orientation({corner[0], corner[1]}, {corner[2], corner[3]}, {corner[4], corner[5]}) > 0;
   if (counter_clockwise) {
     out.append(corner);
   } else {

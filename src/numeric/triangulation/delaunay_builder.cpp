@@ -17,8 +17,9 @@ double squared_distance(const Point& a, const Point& b) {
 
 }  // namespace
 
-DelaunayBuilder::DelaunayBuilder(const std::vector<Point>& vertices, const std::array<Point, 3>& corners,
-                                 const Point& points_min, const Point& points_max, std::size_t expected_points)
+DelaunayBuilder::DelaunayBuilder(const std::vector<Point>& vertices,
+                                 const std::array<Point, 3>& corners, const Point& points_min,
+                                 const Point& points_max, std::size_t expected_points)
     : vertices_(vertices), mesh_(corners), index_(points_min, points_max, expected_points) {
   // A triangulation of k points has at most 3k - 6 edges; each point that
   // falls on an edge leaves one dead record behind.
@@ -44,7 +45,8 @@ bool DelaunayBuilder::random_bit() {
 // arrive in spatial order).
 EdgeRef DelaunayBuilder::walk_start(const Point& p, EdgeRef near) const {
   const EdgeRef last = QuadEdgeMesh::sym(starting_edge_);
-  const EdgeRef indexed = near != VertexIndex::kNone && mesh_.alive(near) ? near : index_.near(p, mesh_);
+  const EdgeRef indexed =
+      near != VertexIndex::kNone && mesh_.alive(near) ? near : index_.near(p, mesh_);
   if (indexed == VertexIndex::kNone) return last;
   const double last_distance = squared_distance(mesh_.origin_point(last), p);
   return squared_distance(mesh_.origin_point(indexed), p) < last_distance ? indexed : last;
@@ -103,7 +105,8 @@ bool DelaunayBuilder::is_near_duplicate(const Point& p, EdgeRef face) const {
   EdgeRef e = face;
   do {
     const Point q = mesh_.origin_point(e);
-    if (std::fabs(p.x - q.x) <= kDuplicateTolerance && std::fabs(p.y - q.y) <= kDuplicateTolerance) return true;
+    if (std::fabs(p.x - q.x) <= kDuplicateTolerance && std::fabs(p.y - q.y) <= kDuplicateTolerance)
+      return true;
     e = mesh_.lnext(e);
   } while (e != face);
   return false;

@@ -22,8 +22,8 @@ class DelaunayBuilder {
   // floats; it must outlive the builder. `corners` are the enclosing
   // triangle's, counter-clockwise. The index covers the box of the points to
   // be inserted.
-  DelaunayBuilder(const std::vector<Point>& vertices, const std::array<Point, 3>& corners, const Point& points_min,
-                  const Point& points_max, std::size_t expected_points);
+  DelaunayBuilder(const std::vector<Point>& vertices, const std::array<Point, 3>& corners,
+                  const Point& points_min, const Point& points_max, std::size_t expected_points);
 
   // Inserts the vertices in the given order, each of which must lie strictly
   // inside the enclosing triangle, while loading what the next few
@@ -51,7 +51,7 @@ class DelaunayBuilder {
 
   const std::vector<Point>& vertices_;
   QuadEdgeMesh mesh_;
-  EdgeRef starting_edge_;             // the edge made by the last insertion
+  EdgeRef starting_edge_;  // the edge made by the last insertion
   VertexIndex index_;
   std::uint32_t random_state_ = 0x9E3779B9u;
 };

@@ -4,11 +4,13 @@
 
 namespace qnutil::triangulation::exact {
 
-std::size_t sum(const double* e, std::size_t e_size, const double* f, std::size_t f_size, double* out) {
+std::size_t sum(const double* e, std::size_t e_size, const double* f, std::size_t f_size,
+                double* out) {
   // Merge both by magnitude, then carry a running sum through the merged
   // sequence, keeping every non-zero rounding error as a term of the result.
   std::size_t i = 0, j = 0, merged = 0;
-  while (i < e_size && j < f_size) out[merged++] = std::fabs(f[j]) < std::fabs(e[i]) ? f[j++] : e[i++];
+  while (i < e_size && j < f_size)
+    out[merged++] = std::fabs(f[j]) < std::fabs(e[i]) ? f[j++] : e[i++];
   while (i < e_size) out[merged++] = e[i++];
   while (j < f_size) out[merged++] = f[j++];
   if (merged == 0) return 0;

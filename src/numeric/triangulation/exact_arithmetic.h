@@ -52,7 +52,8 @@ struct Expansion {
 };
 
 // out = e + f; out must not alias e or f and hold e.size + f.size terms.
-std::size_t sum(const double* e, std::size_t e_size, const double* f, std::size_t f_size, double* out);
+std::size_t sum(const double* e, std::size_t e_size, const double* f, std::size_t f_size,
+                double* out);
 // out = e * b; out must hold 2 * e_size terms.
 std::size_t scale(const double* e, std::size_t e_size, double b, double* out);
 // Sign (-1, 0, 1) of an expansion.

@@ -5,7 +5,6 @@
 // corners are handed to the boundary clip.
 #pragma once
 
-
 #include "numeric/triangulation/boundary_clip.h"
 #include "numeric/triangulation/predicates.h"
 #include "numeric/triangulation/quad_edge.h"

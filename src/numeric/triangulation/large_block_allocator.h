@@ -23,9 +23,11 @@ class LargeBlockAllocator {
   LargeBlockAllocator(const LargeBlockAllocator<U>&) noexcept {}
 
   T* allocate(std::size_t count) {
-    if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) throw std::bad_array_new_length();
+    if (count > std::numeric_limits<std::size_t>::max() / sizeof(T))
+      throw std::bad_array_new_length();
     const std::size_t bytes = count * sizeof(T);
-    if (bytes < kLargeFrom) return static_cast<T*>(::operator new(bytes, std::align_val_t{alignof(T)}));
+    if (bytes < kLargeFrom)
+      return static_cast<T*>(::operator new (bytes, std::align_val_t{alignof(T)}));
     void* block = platform::allocate_large(bytes);
     if (block == nullptr) throw std::bad_alloc();
     return static_cast<T*>(block);
@@ -34,7 +36,7 @@ class LargeBlockAllocator {
   void deallocate(T* block, std::size_t count) noexcept {
     const std::size_t bytes = count * sizeof(T);
     if (bytes < kLargeFrom) {
-      ::operator delete(block, std::align_val_t{alignof(T)});
+      ::operator delete (block, std::align_val_t{alignof(T)});
     } else {
       platform::release_large(block, bytes);
     }

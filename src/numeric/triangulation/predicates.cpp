@@ -8,7 +8,8 @@ namespace qnutil::triangulation::detail {
 
 int exact_orientation(const Point& a, const Point& b, const Point& c) {
   using exact::difference;
-  const auto det = difference(a.x, c.x) * difference(b.y, c.y) - difference(a.y, c.y) * difference(b.x, c.x);
+  const auto det =
+      difference(a.x, c.x) * difference(b.y, c.y) - difference(a.y, c.y) * difference(b.x, c.x);
   return exact::sign(det);
 }
 

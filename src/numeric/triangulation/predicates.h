@@ -44,7 +44,8 @@ inline OrientationTerms orientation_terms(const Point& a, const Point& b, const 
 struct InCircleTerms {
   double det, permanent;
 };
-inline InCircleTerms in_circle_terms(const Point& a, const Point& b, const Point& c, const Point& d) {
+inline InCircleTerms in_circle_terms(const Point& a, const Point& b, const Point& c,
+                                     const Point& d) {
   const double adx = a.x - d.x, ady = a.y - d.y;
   const double bdx = b.x - d.x, bdy = b.y - d.y;
   const double cdx = c.x - d.x, cdy = c.y - d.y;
@@ -55,7 +56,8 @@ inline InCircleTerms in_circle_terms(const Point& a, const Point& b, const Point
   const double b_lift = bdx * bdx + bdy * bdy;
   const double c_lift = cdx * cdx + cdy * cdy;
   return {a_lift * (bdxcdy - cdxbdy) + b_lift * (cdxady - adxcdy) + c_lift * (adxbdy - bdxady),
-          (std::fabs(bdxcdy) + std::fabs(cdxbdy)) * a_lift + (std::fabs(cdxady) + std::fabs(adxcdy)) * b_lift +
+          (std::fabs(bdxcdy) + std::fabs(cdxbdy)) * a_lift +
+              (std::fabs(cdxady) + std::fabs(adxcdy)) * b_lift +
               (std::fabs(adxbdy) + std::fabs(bdxady)) * c_lift};
 }
 

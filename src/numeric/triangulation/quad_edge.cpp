@@ -6,7 +6,8 @@ namespace qnutil::triangulation {
 
 EdgeRef QuadEdgeMesh::make_edge(const StoredVertex& from, const StoredVertex& to) {
   // Edge references are 32-bit: four per record.
-  if (records_.size() >= (std::size_t{1} << 30)) throw std::length_error("quad-edge records exhausted");
+  if (records_.size() >= (std::size_t{1} << 30))
+    throw std::length_error("quad-edge records exhausted");
   const auto e = static_cast<EdgeRef>(records_.size() * 4);
   // The primal directions start as their own rings; the dual ones as each
   // other's, which describes a lone edge with one face around it.

@@ -41,8 +41,12 @@ class QuadEdgeMesh {
   void reserve(std::size_t records) { records_.reserve(records); }
 
   // `p` must be a pair of floats widened to doubles.
-  static StoredVertex stored(const Point& p) { return {static_cast<float>(p.x), static_cast<float>(p.y)}; }
-  static StoredVertex corner(unsigned number) { return {std::bit_cast<float>(kCornerBits | number), 0.0f}; }
+  static StoredVertex stored(const Point& p) {
+    return {static_cast<float>(p.x), static_cast<float>(p.y)};
+  }
+  static StoredVertex corner(unsigned number) {
+    return {std::bit_cast<float>(kCornerBits | number), 0.0f};
+  }
   static bool is_corner(const StoredVertex& v) { return v.x != v.x; }
   Point point(const StoredVertex& v) const {
     return is_corner(v) ? corners_[std::bit_cast<std::uint32_t>(v.x) & 3u] : Point{v.x, v.y};

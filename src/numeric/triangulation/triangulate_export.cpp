@@ -9,8 +9,8 @@
 #include "numeric/triangulation/triangulation_run.h"
 #include "qnutil/triangulate.h"
 
-extern "C" QNUTIL_API int QNUTIL_CALL Triangulieren(int n, unsigned int nb, const float* points, void** triangles,
-                                                    unsigned int* count) {
+extern "C" QNUTIL_API int QNUTIL_CALL Triangulieren(int n, unsigned int nb, const float* points,
+                                                    void** triangles, unsigned int* count) {
   if (triangles == nullptr || count == nullptr) return 0;
   *triangles = nullptr;
   *count = 0;

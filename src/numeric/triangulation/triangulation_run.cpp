@@ -36,14 +36,17 @@ bool is_finite(const Point& p) { return std::isfinite(p.x) && std::isfinite(p.y)
 // Only points strictly inside the enclosing triangle can be inserted; the
 // others (not finite, or far outside the boundary's box) are left out.
 bool strictly_inside(const Point& p, const Point& a, const Point& b, const Point& c) {
-  return is_finite(p) && orientation(a, b, p) > 0 && orientation(b, c, p) > 0 && orientation(c, a, p) > 0;
+  return is_finite(p) && orientation(a, b, p) > 0 && orientation(b, c, p) > 0 &&
+         orientation(c, a, p) > 0;
 }
 
 }  // namespace
 
 TriangleArray triangulate(int point_count, unsigned int boundary_count, const float* points) {
   TriangleArray out;
-  if (point_count < 3 || boundary_count > static_cast<unsigned int>(point_count) || points == nullptr) return out;
+  if (point_count < 3 || boundary_count > static_cast<unsigned int>(point_count) ||
+      points == nullptr)
+    return out;
   const auto n = static_cast<std::size_t>(point_count);
   std::vector<Point> vertices(n);
   for (std::size_t i = 0; i < n; ++i) vertices[i] = {points[2 * i], points[2 * i + 1]};

@@ -9,7 +9,8 @@ constexpr int kMaxLevel = 12;  // 4096 x 4096 finest cells at most
 
 }  // namespace
 
-VertexIndex::VertexIndex(const Point& min, const Point& max, std::size_t expected_points) : min_(min) {
+VertexIndex::VertexIndex(const Point& min, const Point& max, std::size_t expected_points)
+    : min_(min) {
   while (finest_level_ < kMaxLevel && (std::size_t{1} << (2 * finest_level_)) * 2 < expected_points)
     ++finest_level_;
   const double resolution = static_cast<double>(std::size_t{1} << finest_level_);

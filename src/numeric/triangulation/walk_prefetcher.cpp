@@ -10,7 +10,8 @@ constexpr unsigned kStepLimit = 32;
 
 void WalkPrefetcher::advance(std::size_t position) {
   const std::size_t upcoming = position + kAhead;
-  for (std::size_t i = position + 1; i < upcoming && i < order_.size(); ++i) step(scouts_[i % kAhead]);
+  for (std::size_t i = position + 1; i < upcoming && i < order_.size(); ++i)
+    step(scouts_[i % kAhead]);
   if (upcoming < order_.size()) {
     Scout& scout = scouts_[upcoming % kAhead];
     scout = Scout{};
@@ -26,8 +27,7 @@ void WalkPrefetcher::advance(std::size_t position) {
 // only what the previous one loaded, and guesses with estimated tests.
 void WalkPrefetcher::step(Scout& scout) const {
   switch (scout.stage) {
-    case Stage::idle:
-      return;
+    case Stage::idle: return;
     case Stage::cell:
       scout.e = index_.peek(scout.p);
       if (scout.e == VertexIndex::kNone) {
@@ -71,9 +71,7 @@ void WalkPrefetcher::step(Scout& scout) const {
       }
       return;
     }
-    case Stage::cavity:
-      grow_cavity(scout);
-      return;
+    case Stage::cavity: grow_cavity(scout); return;
   }
 }
 
@@ -86,7 +84,8 @@ void WalkPrefetcher::grow_cavity(Scout& scout) const {
   for (std::size_t i = 0; i < scout.awaiting.count; ++i) {
     const EdgeRef x = scout.awaiting.edge[i];
     const EdgeRef n = mesh_.oprev(x);
-    const Point o = mesh_.origin_point(x), d = mesh_.destination_point(x), far = mesh_.destination_point(n);
+    const Point o = mesh_.origin_point(x), d = mesh_.destination_point(x),
+                far = mesh_.destination_point(n);
     if (++scout.steps > kStepLimit || !probably_in_circle(o, far, d, scout.p)) continue;
     mesh_.prefetch(mesh_.oprev(n));
     awaiting.add(n);

@@ -25,8 +25,8 @@ class WalkPrefetcher {
   // How many insertions ahead a point's copy of the walk starts.
   static constexpr std::size_t kAhead = 16;
 
-  WalkPrefetcher(const std::vector<Point>& vertices, const std::vector<VertexId>& order, const VertexIndex& index,
-                 const QuadEdgeMesh& mesh)
+  WalkPrefetcher(const std::vector<Point>& vertices, const std::vector<VertexId>& order,
+                 const VertexIndex& index, const QuadEdgeMesh& mesh)
       : vertices_(vertices), order_(order), index_(index), mesh_(mesh) {}
 
   // To be called just before the point at `position` in the order is

@@ -49,8 +49,7 @@ void remove_stale_temporaries(const std::string& folder, const std::string& name
 FileReplacement::FileReplacement(const char* path) : target_(resolved_target(path)) {
   struct stat original {};
   target_existed_ = ::stat(target_.c_str(), &original) == 0;
-  if (target_existed_ &&
-      (!S_ISREG(original.st_mode) || ::access(target_.c_str(), W_OK) != 0)) {
+  if (target_existed_ && (!S_ISREG(original.st_mode) || ::access(target_.c_str(), W_OK) != 0)) {
     return;
   }
   // A new file gets the permissions open() would give it; a replaced one
@@ -120,8 +119,8 @@ bool FileReplacement::commit() {
   }
   // A staged file may have been replaced by its writers since: mode and
   // owner are given to whatever file now stands at the temporary's name.
-  const int fd = staged_ ? ::open(temporary_.c_str(), O_RDONLY | O_CLOEXEC)
-                         : static_cast<int>(handle_);
+  const int fd =
+      staged_ ? ::open(temporary_.c_str(), O_RDONLY | O_CLOEXEC) : static_cast<int>(handle_);
   handle_ = kNoHandle;
   staged_ = false;
   bool kept = fd >= 0 && ::fchmod(fd, mode_) == 0;
@@ -130,8 +129,7 @@ bool FileReplacement::commit() {
     kept = false;
   }
   kept = kept && ::fsync(fd) == 0;
-  if (fd < 0 || ::close(fd) != 0 || !kept ||
-      ::rename(temporary_.c_str(), target_.c_str()) != 0) {
+  if (fd < 0 || ::close(fd) != 0 || !kept || ::rename(temporary_.c_str(), target_.c_str()) != 0) {
     ::unlink(temporary_.c_str());
     return false;
   }

@@ -29,7 +29,9 @@ FolderLock::FolderLock(const char* path) : handle_(-1) {
   char resolved[PATH_MAX];
   std::string target = ::realpath(path, resolved) ? resolved : path;
   const std::size_t slash = target.rfind('/');
-  const std::string folder = slash == std::string::npos ? "." : slash == 0 ? "/" : target.substr(0, slash);
+  const std::string folder = slash == std::string::npos ? "."
+                             : slash == 0               ? "/"
+                                                        : target.substr(0, slash);
   if (std::find(held_folders.begin(), held_folders.end(), folder) != held_folders.end()) return;
   const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (fd < 0) return;

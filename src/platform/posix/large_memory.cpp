@@ -14,7 +14,9 @@ namespace {
 // starts at the block, which lets release_large unmap it from there.
 constexpr std::uintptr_t kHugePage = std::uintptr_t{2} << 20;
 
-std::uintptr_t round_up(std::uintptr_t value, std::uintptr_t unit) { return (value + unit - 1) & ~(unit - 1); }
+std::uintptr_t round_up(std::uintptr_t value, std::uintptr_t unit) {
+  return (value + unit - 1) & ~(unit - 1);
+}
 
 }  // namespace
 
@@ -28,9 +30,11 @@ void* allocate_large(std::size_t bytes) {
   const std::uintptr_t block = round_up(start, kHugePage);
   const std::uintptr_t block_end = round_up(block + bytes, page);
   if (block != start) munmap(mapping, block - start);
-  if (block_end != start + mapped) munmap(reinterpret_cast<void*>(block_end), start + mapped - block_end);
+  if (block_end != start + mapped)
+    munmap(reinterpret_cast<void*>(block_end), start + mapped - block_end);
 #if defined(MADV_HUGEPAGE)
-  madvise(reinterpret_cast<void*>(block), bytes, MADV_HUGEPAGE);  // advice: the block works without it
+  madvise(reinterpret_cast<void*>(block), bytes,
+          MADV_HUGEPAGE);  // advice: the block works without it
 #endif
   return reinterpret_cast<void*>(block);
 }

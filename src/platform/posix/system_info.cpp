@@ -16,9 +16,7 @@ bool os_version(unsigned& major, unsigned& minor) {
   return true;
 }
 
-BaseFolder program_data_base_folder(unsigned, unsigned, std::string&) {
-  return BaseFolder::caller;
-}
+BaseFolder program_data_base_folder(unsigned, unsigned, std::string&) { return BaseFolder::caller; }
 
 bool roaming_app_data_folder(std::string& folder) {
   // XDG base directories: a relative $XDG_DATA_HOME is invalid and ignored.

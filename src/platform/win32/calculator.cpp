@@ -7,7 +7,6 @@
 #include <mutex>
 #include <new>
 
-
 namespace qnutil::platform {
 namespace {
 
@@ -96,7 +95,8 @@ void* calculator_connect() {
     return nullptr;
   void* calculator = nullptr;
   IUnknown* object = nullptr;
-  if (SUCCEEDED(factory->CreateInstance(nullptr, IID_IUnknown, reinterpret_cast<void**>(&object)))) {
+  if (SUCCEEDED(
+          factory->CreateInstance(nullptr, IID_IUnknown, reinterpret_cast<void**>(&object)))) {
     if (FAILED(object->QueryInterface(kCalculatorInterface, &calculator))) calculator = nullptr;
     object->Release();
   }

@@ -27,7 +27,8 @@ void remove_stale_temporaries(const std::string& folder, const std::string& name
   if (search == INVALID_HANDLE_VALUE) return;
   do {
     const DWORD writer = temporary_writer(found.cFileName, name, [](char a, char b) {
-      return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+      return std::tolower(static_cast<unsigned char>(a)) ==
+             std::tolower(static_cast<unsigned char>(b));
     });
     if (writer && writer != GetCurrentProcessId() && !process_runs(writer)) {
       DeleteFileA((folder + found.cFileName).c_str());

@@ -19,7 +19,9 @@ FolderLock::FolderLock(const char* path) : handle_(0) {
   constexpr char kPrefix[] = "Local\\qnutil-folder-lock:";
   std::string name = kPrefix + std::string(full, name_part);
   for (std::size_t i = sizeof kPrefix - 1; i < name.size(); ++i) {
-    name[i] = name[i] == '\\' ? '/' : static_cast<char>(std::tolower(static_cast<unsigned char>(name[i])));
+    name[i] = name[i] == '\\'
+                  ? '/'
+                  : static_cast<char>(std::tolower(static_cast<unsigned char>(name[i])));
   }
   if (name.size() >= MAX_PATH) return;
   const HANDLE mutex = CreateMutexA(nullptr, FALSE, name.c_str());

@@ -14,8 +14,8 @@ bool start(std::string command_line, PROCESS_INFORMATION& process) {
   STARTUPINFOA startup{};
   startup.cb = sizeof startup;
   process = PROCESS_INFORMATION{};
-  if (!CreateProcessA(nullptr, command_line.data(), nullptr, nullptr, FALSE,
-                      NORMAL_PRIORITY_CLASS, nullptr, nullptr, &startup, &process)) {
+  if (!CreateProcessA(nullptr, command_line.data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS,
+                      nullptr, nullptr, &startup, &process)) {
     // A failed start is not reported: the caller sees it as a finished run.
     (void)GetLastError();
     return false;

@@ -3,7 +3,6 @@
 #include <windows.h>
 #include <io.h>
 
-
 namespace qnutil::platform {
 
 std::optional<FileStamp> settings_file_stamp(const char* path) {

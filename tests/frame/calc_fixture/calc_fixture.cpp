@@ -54,13 +54,14 @@ struct Calculator : IUnknown {
   }
 #define UNUSED_SLOT(n) \
   virtual HRESULT STDMETHODCALLTYPE unused##n() { return E_NOTIMPL; }
-  UNUSED_SLOT(3) UNUSED_SLOT(4) UNUSED_SLOT(5) UNUSED_SLOT(6) UNUSED_SLOT(7) UNUSED_SLOT(8)
-  UNUSED_SLOT(9) UNUSED_SLOT(10) UNUSED_SLOT(11) UNUSED_SLOT(12) UNUSED_SLOT(13)
-  UNUSED_SLOT(14) UNUSED_SLOT(15) UNUSED_SLOT(16)
+  UNUSED_SLOT(3)
+  UNUSED_SLOT(4) UNUSED_SLOT(5) UNUSED_SLOT(6) UNUSED_SLOT(7) UNUSED_SLOT(8) UNUSED_SLOT(9)
+      UNUSED_SLOT(10) UNUSED_SLOT(11) UNUSED_SLOT(12) UNUSED_SLOT(13) UNUSED_SLOT(14)
+          UNUSED_SLOT(15) UNUSED_SLOT(16)
 #undef UNUSED_SLOT
 
-  // Slots 17 to 21.
-  virtual HRESULT STDMETHODCALLTYPE initialise(long argument) {
+      // Slots 17 to 21.
+      virtual HRESULT STDMETHODCALLTYPE initialise(long argument) {
     return record(kInitialise, argument, 0, 0);
   }
   virtual HRESULT STDMETHODCALLTYPE evaluate(BSTR expression, long a, long b) {
@@ -76,8 +77,8 @@ struct Calculator : IUnknown {
     *status = g_state.status;
     return record(kTextToNumber, mode, 0, 0, text);
   }
-  virtual HRESULT STDMETHODCALLTYPE number_to_text(double value, long a, long b, long c,
-                                                   BSTR* text, long* status) {
+  virtual HRESULT STDMETHODCALLTYPE number_to_text(double value, long a, long b, long c, BSTR* text,
+                                                   long* status) {
     g_state.value = value;
     *text = scripted_text();
     *status = g_state.status;
@@ -107,8 +108,8 @@ Factory g_factory;
 
 }  // namespace
 
-extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID clsid,
-                                                                          REFIID iid, void** out) {
+extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE
+    DllGetClassObject(REFCLSID clsid, REFIID iid, void** out) {
   if (clsid != kCalculatorClass) return CLASS_E_CLASSNOTAVAILABLE;
   return g_factory.QueryInterface(iid, out);
 }

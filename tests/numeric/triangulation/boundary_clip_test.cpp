@@ -32,7 +32,9 @@ std::vector<Vertex> enclosing_corners(const std::vector<Vertex>& outline) {
     min_y = std::min<double>(min_y, v.y), max_y = std::max<double>(max_y, v.y);
   }
   const double w = max_x - min_x, h = max_y - min_y;
-  return {{float(min_x - w), float(min_y - h)}, {float(min_x + 4 * w), float(min_y - h)}, {float(min_x - w), float(min_y + 5 * h)}};
+  return {{float(min_x - w), float(min_y - h)},
+          {float(min_x + 4 * w), float(min_y - h)},
+          {float(min_x - w), float(min_y + 5 * h)}};
 }
 
 // The outline followed by `count` random points well inside it.
@@ -70,9 +72,11 @@ TEST_P(ConvexOutline, ClippedPiecesStayInsideAndTurnCounterClockwise) {
     // A face with two corners of the enclosing triangle keeps one of them.
     bool keeps_corner = false;
     for (const Vertex& v : t.corner)
-      for (const Vertex& corner : corners) keeps_corner = keeps_corner || (v.x == corner.x && v.y == corner.y);
+      for (const Vertex& corner : corners)
+        keeps_corner = keeps_corner || (v.x == corner.x && v.y == corner.y);
     if (keeps_corner) continue;
-    for (const Vertex& v : t.corner) EXPECT_TRUE(inside_or_on_polygon(v, c.outline, 1e-3)) << v.x << ", " << v.y;
+    for (const Vertex& v : t.corner)
+      EXPECT_TRUE(inside_or_on_polygon(v, c.outline, 1e-3)) << v.x << ", " << v.y;
     covered += doubled / 2;
   }
   // Inner faces and clipped pieces together cover the outline.
@@ -85,7 +89,8 @@ INSTANTIATE_TEST_SUITE_P(
                       OutlineCase{"Triangle", {{-90, -60}, {90, -70}, {0, 95}}, 150},
                       OutlineCase{"Circle48", regular_polygon(48, 90, 0.1f), 300},
                       OutlineCase{"Hexagon", regular_polygon(6, 95, 0.0f), 100},
-                      OutlineCase{"TiltedRectangle", {{-60, -90}, {90, -30}, {60, 90}, {-90, 30}}, 120},
+                      OutlineCase{
+                          "TiltedRectangle", {{-60, -90}, {90, -30}, {60, 90}, {-90, 30}}, 120},
                       OutlineCase{"OutlineOnly", regular_polygon(32, 80, 0.3f), 0}),
     [](const auto& info) { return std::string(info.param.name); });
 
@@ -99,8 +104,9 @@ TEST(ConcaveOutline, InnerFacesInTheNotchAreEmitted) {
   for (const Triangle& t : result.triangles) {
     const Vertex centroid{(t.corner[0].x + t.corner[1].x + t.corner[2].x) / 3,
                           (t.corner[0].y + t.corner[1].y + t.corner[2].y) / 3};
-    in_notch = in_notch || (centroid.x > 4 && centroid.y > 4 && centroid.x < 10 && centroid.y < 10 &&
-                            doubled_area(t.corner[0], t.corner[1], t.corner[2]) > 0);
+    in_notch =
+        in_notch || (centroid.x > 4 && centroid.y > 4 && centroid.x < 10 && centroid.y < 10 &&
+                     doubled_area(t.corner[0], t.corner[1], t.corner[2]) > 0);
   }
   EXPECT_TRUE(in_notch);
 }

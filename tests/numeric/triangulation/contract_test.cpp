@@ -81,7 +81,8 @@ INSTANTIATE_TEST_SUITE_P(
     Inputs, TriangleCount,
     ::testing::Values(
         CountCase{"NoPoints", {}, 0, 0}, CountCase{"OnePoint", {{1, 1}}, 0, 0},
-        CountCase{"TwoPoints", {{1, 1}, {5, 2}}, 2, 0}, CountCase{"BoundaryLongerThanPoints", kSquareWithCentre, 6, 0},
+        CountCase{"TwoPoints", {{1, 1}, {5, 2}}, 2, 0},
+        CountCase{"BoundaryLongerThanPoints", kSquareWithCentre, 6, 0},
         CountCase{"BoundaryFarLongerThanPoints", {{0, 0}, {10, 0}, {10, 10}}, 0xFFFFFFFFu, 0},
         // A near duplicate is inserted only when both offsets exceed the tolerance.
         CountCase{"Exact", square_with({{5, 4}}), 0, 4},
@@ -92,7 +93,8 @@ INSTANTIATE_TEST_SUITE_P(
         CountCase{"ManyCopiesInsertedOnce", square_with({{5, 4}, {0, 10}}, 50), 0, 4},
         // Points that cannot be inserted are left out (the last lies far
         // outside the enclosing triangle).
-        CountCase{"NotInsertable", square_with({{std::nanf(""), 3}, {kInf, 3}, {3, -kInf}, {1e30f, 1e30f}}), 0, 4},
+        CountCase{"NotInsertable",
+                  square_with({{std::nanf(""), 3}, {kInf, 3}, {3, -kInf}, {1e30f, 1e30f}}), 0, 4},
         // A boundary without extent in x or y (or an infinite one) leaves no
         // enclosing triangle, hence no triangles, but still an array.
         CountCase{"SinglePointBoundary", {{1, 1}, {2, 2}, {3, 1}}, 1, 0},

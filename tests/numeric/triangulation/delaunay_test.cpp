@@ -51,7 +51,8 @@ std::vector<Vertex> collinear_runs() {
   for (const auto& d : directions)
     for (int offset = -3; offset <= 3; offset += 2)
       for (int i = -60; i <= 60; ++i)
-        points.push_back({static_cast<float>(i * d[0] + offset * d[1]), static_cast<float>(i * d[1] - offset * d[0])});
+        points.push_back({static_cast<float>(i * d[0] + offset * d[1]),
+                          static_cast<float>(i * d[1] - offset * d[0])});
   return points;
 }
 
@@ -62,7 +63,8 @@ std::vector<Vertex> cocircular() {
   for (int radius_squared : {65 * 65, 25 * 25, 5 * 5})
     for (int x = -65; x <= 65; ++x)
       for (int y = -65; y <= 65; ++y)
-        if (x * x + y * y == radius_squared) points.push_back({static_cast<float>(x), static_cast<float>(y)});
+        if (x * x + y * y == radius_squared)
+          points.push_back({static_cast<float>(x), static_cast<float>(y)});
   points.push_back({0, 0});
   return points;
 }
@@ -72,7 +74,8 @@ std::vector<Vertex> rounded_circle() {
   constexpr double kPi = 3.14159265358979323846;
   std::vector<Vertex> points;
   for (int i = 0; i < 720; ++i)
-    points.push_back({static_cast<float>(300 * std::cos(i * kPi / 360)), static_cast<float>(300 * std::sin(i * kPi / 360))});
+    points.push_back({static_cast<float>(300 * std::cos(i * kPi / 360)),
+                      static_cast<float>(300 * std::sin(i * kPi / 360))});
   return points;
 }
 
@@ -110,7 +113,8 @@ TEST_P(DelaunayProperty, HoldsForEveryTriangle) {
   EXPECT_EQ(repeated_directed_edges(result.triangles), 0u);
   EXPECT_EQ(non_delaunay_triangles(result.triangles, points), 0u);
   if (GetParam().covers_hull) {
-    EXPECT_NEAR(static_cast<double>(area), static_cast<double>(hull_area(points)), 1e-6 * static_cast<double>(area));
+    EXPECT_NEAR(static_cast<double>(area), static_cast<double>(hull_area(points)),
+                1e-6 * static_cast<double>(area));
   }
 }
 

@@ -59,13 +59,16 @@ inline long double doubled_area(const Vertex& a, const Vertex& b, const Vertex& 
 
 // True when d lies inside the circumcircle of counter-clockwise a, b, c by
 // more than the rounding error of the evaluation.
-inline bool clearly_inside_circumcircle(const Vertex& a, const Vertex& b, const Vertex& c, const Vertex& d) {
+inline bool clearly_inside_circumcircle(const Vertex& a, const Vertex& b, const Vertex& c,
+                                        const Vertex& d) {
   using L = long double;
   const L adx = L(a.x) - d.x, ady = L(a.y) - d.y;
   const L bdx = L(b.x) - d.x, bdy = L(b.y) - d.y;
   const L cdx = L(c.x) - d.x, cdy = L(c.y) - d.y;
-  const L a_lift = adx * adx + ady * ady, b_lift = bdx * bdx + bdy * bdy, c_lift = cdx * cdx + cdy * cdy;
-  const L det = a_lift * (bdx * cdy - cdx * bdy) + b_lift * (cdx * ady - adx * cdy) + c_lift * (adx * bdy - bdx * ady);
+  const L a_lift = adx * adx + ady * ady, b_lift = bdx * bdx + bdy * bdy,
+          c_lift = cdx * cdx + cdy * cdy;
+  const L det = a_lift * (bdx * cdy - cdx * bdy) + b_lift * (cdx * ady - adx * cdy) +
+                c_lift * (adx * bdy - bdx * ady);
   const L permanent = a_lift * (std::fabs(bdx * cdy) + std::fabs(cdx * bdy)) +
                       b_lift * (std::fabs(cdx * ady) + std::fabs(adx * cdy)) +
                       c_lift * (std::fabs(adx * bdy) + std::fabs(bdx * ady));
@@ -76,7 +79,8 @@ inline bool clearly_inside_circumcircle(const Vertex& a, const Vertex& b, const 
 // The points are bucketed in a square grid, and each circle is compared with
 // the points of the buckets its bounding square touches (all of them when the
 // circle is too large or flat to place).
-inline std::size_t non_delaunay_triangles(const std::vector<Triangle>& triangles, const std::vector<Vertex>& points) {
+inline std::size_t non_delaunay_triangles(const std::vector<Triangle>& triangles,
+                                          const std::vector<Vertex>& points) {
   using L = long double;
   std::vector<Vertex> finite;
   std::copy_if(points.begin(), points.end(), std::back_inserter(finite),
@@ -89,9 +93,12 @@ inline std::size_t non_delaunay_triangles(const std::vector<Triangle>& triangles
   }
   const long side = std::max(1L, std::lround(std::sqrt(static_cast<double>(finite.size()) / 2)));
   const L cell = std::max(high_x - low_x, high_y - low_y) / side + 1e-30L;
-  auto bucket_of = [&](L value, L low) { return std::clamp(static_cast<long>((value - low) / cell), 0L, side - 1); };
+  auto bucket_of = [&](L value, L low) {
+    return std::clamp(static_cast<long>((value - low) / cell), 0L, side - 1);
+  };
   std::vector<std::vector<Vertex>> buckets(static_cast<std::size_t>(side * side));
-  for (const Vertex& p : finite) buckets[bucket_of(p.y, low_y) * side + bucket_of(p.x, low_x)].push_back(p);
+  for (const Vertex& p : finite)
+    buckets[bucket_of(p.y, low_y) * side + bucket_of(p.x, low_x)].push_back(p);
 
   std::size_t bad = 0;
   for (const Triangle& t : triangles) {
@@ -102,12 +109,15 @@ inline std::size_t non_delaunay_triangles(const std::vector<Triangle>& triangles
     const L uy = (bx * (cx * cx + cy * cy) - cx * (bx * bx + by * by)) / d;
     const L radius = std::sqrt(ux * ux + uy * uy) * (1 + 1e-9L) + cell * 1e-9L;
     const bool placeable = std::isfinite(static_cast<double>(radius)) && radius < 4 * side * cell;
-    const long x0 = placeable ? bucket_of(a.x + ux - radius, low_x) : 0, x1 = placeable ? bucket_of(a.x + ux + radius, low_x) : side - 1;
-    const long y0 = placeable ? bucket_of(a.y + uy - radius, low_y) : 0, y1 = placeable ? bucket_of(a.y + uy + radius, low_y) : side - 1;
+    const long x0 = placeable ? bucket_of(a.x + ux - radius, low_x) : 0,
+               x1 = placeable ? bucket_of(a.x + ux + radius, low_x) : side - 1;
+    const long y0 = placeable ? bucket_of(a.y + uy - radius, low_y) : 0,
+               y1 = placeable ? bucket_of(a.y + uy + radius, low_y) : side - 1;
     bool inside = false;
     for (long y = y0; y <= y1 && !inside; ++y)
       for (long x = x0; x <= x1 && !inside; ++x)
-        for (const Vertex& p : buckets[y * side + x]) inside = inside || clearly_inside_circumcircle(a, b, c, p);
+        for (const Vertex& p : buckets[y * side + x])
+          inside = inside || clearly_inside_circumcircle(a, b, c, p);
     bad += inside;
   }
   return bad;
@@ -130,8 +140,9 @@ inline std::size_t repeated_directed_edges(const std::vector<Triangle>& triangle
 
 // Area of the convex hull of the points.
 inline long double hull_area(std::vector<Vertex> points) {
-  std::sort(points.begin(), points.end(),
-            [](const Vertex& a, const Vertex& b) { return a.x < b.x || (a.x == b.x && a.y < b.y); });
+  std::sort(points.begin(), points.end(), [](const Vertex& a, const Vertex& b) {
+    return a.x < b.x || (a.x == b.x && a.y < b.y);
+  });
   std::vector<Vertex> hull(2 * points.size() + 1);
   std::size_t k = 0;
   for (std::size_t i = 0; i < points.size(); ++i) {  // lower chain
@@ -147,14 +158,16 @@ inline long double hull_area(std::vector<Vertex> points) {
   return twice / 2;
 }
 
-inline bool inside_or_on_polygon(const Vertex& p, const std::vector<Vertex>& polygon, double tolerance) {
+inline bool inside_or_on_polygon(const Vertex& p, const std::vector<Vertex>& polygon,
+                                 double tolerance) {
   bool inside = false;
   for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
     const Vertex& a = polygon[j];
     const Vertex& b = polygon[i];
     const double ex = double(b.x) - a.x, ey = double(b.y) - a.y;
     const double length2 = ex * ex + ey * ey;
-    const double t = length2 > 0 ? std::clamp(((p.x - a.x) * ex + (p.y - a.y) * ey) / length2, 0.0, 1.0) : 0.0;
+    const double t =
+        length2 > 0 ? std::clamp(((p.x - a.x) * ex + (p.y - a.y) * ey) / length2, 0.0, 1.0) : 0.0;
     if (std::hypot(p.x - (a.x + t * ex), p.y - (a.y + t * ey)) <= tolerance) return true;
     if ((a.y > p.y) != (b.y > p.y) && p.x < a.x + (p.y - a.y) * ex / ey) inside = !inside;
   }

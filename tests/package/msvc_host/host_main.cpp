@@ -117,8 +117,9 @@ bool contains(const char* path, const char* part) {
 
 void ini_static_forms() {
   const char* file = scratch(0, "settings.ini");
-  write_file(file, "[s]\r\ntext=hello world\r\nempty=\r\nnum=42abc\r\nneg=-7\r\nreal=2.5e3x\r\n"
-                   "marker=_TheDefault_\r\n");
+  write_file(file,
+             "[s]\r\ntext=hello world\r\nempty=\r\nnum=42abc\r\nneg=-7\r\nreal=2.5e3x\r\n"
+             "marker=_TheDefault_\r\n");
   CHECK(same(received(CQnIniFile::FileReadString(file, "S", "TEXT")), "hello world"));
   CHECK(same(received(CQnIniFile::FileReadString(file, "s", "empty")), ""));
   CHECK(same(received(CQnIniFile::FileReadString(file, "s", "missing")), "_TheDefault_"));
@@ -143,8 +144,9 @@ void ini_objects() {
   const char* keys[] = {"d1", "d2", "d3", "d4"};
   for (int i = 0; i < 4; ++i) CHECK(file.WriteDouble("n", keys[i], doubles[i]));
   CHECK(file.WriteString("n", "s", "\"quoted text\""));
-  CHECK(file_is(path, "[n]\r\ni=-12\r\nd1=2.5\r\nd2=1.23457e+06\r\nd3=1.25e-05\r\nd4=3\r\n"
-                      "s=\"quoted text\"\r\n"));
+  CHECK(file_is(path,
+                "[n]\r\ni=-12\r\nd1=2.5\r\nd2=1.23457e+06\r\nd3=1.25e-05\r\nd4=3\r\n"
+                "s=\"quoted text\"\r\n"));
   CHECK(file.ReadInt("n", "i") == -12);
   CHECK(file.ReadDouble("n", "d2") == 1234570.0);
   CHECK(same(received(file.ReadString("n", "s")), "quoted text"));
@@ -199,26 +201,33 @@ void material_file() {
   m->RGBDiffus[0] = 0.25f;
   m->RGBSpiegel[2] = 1.0f;
   CHECK(mat.Write() == 1);
-  CHECK(file_is(path, "[Material]\r\nName=Glas\r\n[Glas]\r\nkdiffus=0.5\r\nOe=4\r\nBits=4\r\n"
-                      "Testtextur=wood.bmp\r\nkambient=0.4\r\nkspiegel=0.4\r\nalpha=0.4\r\n"
-                      "RGBDiffus=0.25,0.4,0.4\r\nRGBSpiegel=0.5,0.5,1\r\n"));
+  CHECK(file_is(path,
+                "[Material]\r\nName=Glas\r\n[Glas]\r\nkdiffus=0.5\r\nOe=4\r\nBits=4\r\n"
+                "Testtextur=wood.bmp\r\nkambient=0.4\r\nkspiegel=0.4\r\nalpha=0.4\r\n"
+                "RGBDiffus=0.25,0.4,0.4\r\nRGBSpiegel=0.5,0.5,1\r\n"));
 
   // Names and paths in Windows-1252, through host strings both ways.
   CString name("x");
   mat.GetLogName(name);
   CHECK(same(name, "Glas"));
   mat.SetLogName(CString("Gl\xe4ser f\xfcr Fenster"));
-  mat.SetTestTexturePath(CString("C:\\Texturen\\Bl\xf6" "cke.bmp"));
+  mat.SetTestTexturePath(
+      CString("C:\\Texturen\\Bl\xf6"
+              "cke.bmp"));
   CString texture;
   mat.GetTestTexturePath(texture);
-  CHECK(same(texture, "C:\\Texturen\\Bl\xf6" "cke.bmp"));
+  CHECK(same(texture,
+             "C:\\Texturen\\Bl\xf6"
+             "cke.bmp"));
   mat.GetLogName(name);
   CHECK(same(name, "Gl\xe4ser f\xfcr Fenster"));
   CHECK(mat.Write(file) == 1);
-  CHECK(file_is(path, "[Material]\r\nName=Gl\xe4ser f\xfcr Fenster\r\n[Gl\xe4ser f\xfcr Fenster]\r\n"
-                      "kdiffus=0.5\r\nkambient=0.4\r\nkspiegel=0.4\r\nalpha=0.4\r\nOe=4\r\n"
-                      "Bits=4\r\nRGBDiffus=0.25,0.4,0.4\r\nRGBSpiegel=0.5,0.5,1\r\n"
-                      "Testtextur=C:\\Texturen\\Bl\xf6" "cke.bmp\r\n"));
+  CHECK(file_is(path,
+                "[Material]\r\nName=Gl\xe4ser f\xfcr Fenster\r\n[Gl\xe4ser f\xfcr Fenster]\r\n"
+                "kdiffus=0.5\r\nkambient=0.4\r\nkspiegel=0.4\r\nalpha=0.4\r\nOe=4\r\n"
+                "Bits=4\r\nRGBDiffus=0.25,0.4,0.4\r\nRGBSpiegel=0.5,0.5,1\r\n"
+                "Testtextur=C:\\Texturen\\Bl\xf6"
+                "cke.bmp\r\n"));
 
   // Copies keep their own record and strings.
   CQnMatFile copy(mat);
@@ -230,7 +239,9 @@ void material_file() {
   for (CQnMatFile* other : copies) {
     CHECK(other->IsLoaded() == 1 && other->GetMaterialPtr()->kdiffus == 0.5f);
     other->GetTestTexturePath(texture);
-    CHECK(same(texture, "C:\\Texturen\\Bl\xf6" "cke.bmp"));
+    CHECK(same(texture,
+               "C:\\Texturen\\Bl\xf6"
+               "cke.bmp"));
   }
   delete assigned;
   CHECK(freed(assigned));

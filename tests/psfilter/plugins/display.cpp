@@ -15,7 +15,8 @@ namespace {
 
 using Canvas = qnutil_test::DibCanvas;
 
-PSPixelMap pixel_map(std::int32_t mode, std::vector<std::uint8_t>& bytes, int width, int bytesPerPixel) {
+PSPixelMap pixel_map(std::int32_t mode, std::vector<std::uint8_t>& bytes, int width,
+                     int bytesPerPixel) {
   PSPixelMap map{};
   map.version = 1;
   map.imageMode = mode;
@@ -29,7 +30,9 @@ PSPixelMap pixel_map(std::int32_t mode, std::vector<std::uint8_t>& bytes, int wi
 std::int16_t draw(FilterRecord& record, Canvas& canvas) {
   std::vector<std::uint8_t> rgb;
   for (int y = 0; y < 4; ++y)
-    for (int x = 0; x < 5; ++x) rgb.insert(rgb.end(), {std::uint8_t(10 * x + y), std::uint8_t(100 + x), std::uint8_t(200 + y)});
+    for (int x = 0; x < 5; ++x)
+      rgb.insert(rgb.end(),
+                 {std::uint8_t(10 * x + y), std::uint8_t(100 + x), std::uint8_t(200 + y)});
   std::vector<std::uint8_t> grey;
   for (int y = 0; y < 3; ++y)
     for (int x = 0; x < 6; ++x) grey.push_back(std::uint8_t(200 + 10 * y + x));

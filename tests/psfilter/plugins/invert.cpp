@@ -13,14 +13,15 @@ namespace {
 
 bool zero_tail(const FilterRecord& record) {
   const auto* tail = reinterpret_cast<const char*>(&record.bufferSpace64);
-  return std::all_of(tail, reinterpret_cast<const char*>(&record + 1), [](char byte) { return byte == 0; });
+  return std::all_of(tail, reinterpret_cast<const char*>(&record + 1),
+                     [](char byte) { return byte == 0; });
 }
 
 std::int16_t check_record(const FilterRecord& r) {
   const std::uint8_t colour[4] = {0, 0, 0, 0xFF};
   const bool checks[] = {
-      r.serialNumber == 0 && r.abortProc && r.progressProc && r.hostProc && r.processEvent && r.displayPixels &&
-          r.advanceState,
+      r.serialNumber == 0 && r.abortProc && r.progressProc && r.hostProc && r.processEvent &&
+          r.displayPixels && r.advanceState,
       r.maxSpace == 100000000,
       std::memcmp(r.backColor, colour, 4) == 0 && std::memcmp(r.foreColor, colour, 4) == 0,
       std::memcmp(&r.hostSig, "APRI", 4) == 0,
@@ -29,16 +30,17 @@ std::int16_t check_record(const FilterRecord& r) {
       r.bufferProcs && r.bufferProcs->bufferProcsVersion == 2 && r.bufferProcs->numBufferProcs == 5,
       r.handleProcs && r.handleProcs->handleProcsVersion == 1 && r.handleProcs->numHandleProcs == 8,
       r.dummyPlaneValue == -1 && r.supportsAbsolute,
-      r.inLayerPlanes == 3 && r.inTransparencyMask == 1 && r.outLayerPlanes == 3 && r.outTransparencyMask == 1 &&
-          r.absLayerPlanes == 3 && r.absTransparencyMask == 1,
+      r.inLayerPlanes == 3 && r.inTransparencyMask == 1 && r.outLayerPlanes == 3 &&
+          r.outTransparencyMask == 1 && r.absLayerPlanes == 3 && r.absTransparencyMask == 1,
       r.inPlaneBytes == 1 && r.outPlaneBytes == 1,
-      r.inTileHeight == 256 && r.inTileWidth == 256 && r.outTileHeight == 256 && r.outTileWidth == 256 &&
-          r.absTileHeight == 256 && r.absTileWidth == 256 && r.maskTileHeight == 256 && r.maskTileWidth == 256,
+      r.inTileHeight == 256 && r.inTileWidth == 256 && r.outTileHeight == 256 &&
+          r.outTileWidth == 256 && r.absTileHeight == 256 && r.absTileWidth == 256 &&
+          r.maskTileHeight == 256 && r.maskTileWidth == 256,
       r.filterRect.top == 0 && r.filterRect.left == 0 && r.filterRect.bottom == r.imageSize.v &&
           r.filterRect.right == r.imageSize.h,
       r.imageHRes == 0x608000 && r.imageVRes == 0x608000,
-      r.floatCoord.v == r.imageSize.v && r.floatCoord.h == r.imageSize.h && r.wholeSize.v == r.imageSize.v &&
-          r.wholeSize.h == r.imageSize.h,
+      r.floatCoord.v == r.imageSize.v && r.floatCoord.h == r.imageSize.h &&
+          r.wholeSize.v == r.imageSize.v && r.wholeSize.h == r.imageSize.h,
       r.sSPBasic == nullptr && r.bigDocumentData == nullptr && zero_tail(r),
   };
   return plugin::first_failed(checks, 2000);
@@ -71,9 +73,7 @@ void advance(FilterRecord& record) {
 
 QNUTIL_PLUGIN_ENTRY {
   switch (selector) {
-    case filterSelectorPrepare:
-      *result = check_record(*record);
-      break;
+    case filterSelectorPrepare: *result = check_record(*record); break;
     case filterSelectorStart:
       if (!plugin::env_int("QNUTIL_PLUGIN_NO_TILES", 0)) set_tile(*record, 0, 0);
       break;
@@ -81,12 +81,10 @@ QNUTIL_PLUGIN_ENTRY {
       plugin::map_tile(*record, [](std::uint8_t value) { return std::uint8_t(255 - value); });
       advance(*record);
       break;
-    case filterSelectorFinish:
-      plugin::clear_tiles(*record);
-      break;
-    default:
-      break;
+    case filterSelectorFinish: plugin::clear_tiles(*record); break;
+    default: break;
   }
   const std::string fail = plugin::env("QNUTIL_PLUGIN_FAIL");
-  if (fail.size() > 2 && fail[0] - '0' == selector) *result = std::int16_t(std::atoi(fail.c_str() + 2));
+  if (fail.size() > 2 && fail[0] - '0' == selector)
+    *result = std::int16_t(std::atoi(fail.c_str() + 2));
 }

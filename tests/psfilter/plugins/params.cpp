@@ -18,7 +18,8 @@ QNUTIL_PLUGIN_ENTRY {
         *result = userCanceledErr;
         break;
       }
-      if (!record->parameters) record->parameters = record->handleProcs->newProc(sizeof(std::int32_t));
+      if (!record->parameters)
+        record->parameters = record->handleProcs->newProc(sizeof(std::int32_t));
       ++*counter(*record);
       record->handleProcs->unlockProc(record->parameters);
       break;
@@ -36,11 +37,11 @@ QNUTIL_PLUGIN_ENTRY {
     case filterSelectorContinue: {
       const std::int32_t added = *counter(*record);
       record->handleProcs->unlockProc(record->parameters);
-      plugin::map_tile(*record, [added](std::uint8_t value) { return std::uint8_t(value + added); });
+      plugin::map_tile(*record,
+                       [added](std::uint8_t value) { return std::uint8_t(value + added); });
       plugin::clear_tiles(*record);
       break;
     }
-    default:
-      break;
+    default: break;
   }
 }

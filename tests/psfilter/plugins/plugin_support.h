@@ -15,7 +15,7 @@ using namespace qnutil::psfilter;
 
 // Each plug-in defines its steps as QNUTIL_PLUGIN_ENTRY { ... }: the entry
 // point has traced the selector and set the result to noErr before.
-#define QNUTIL_PLUGIN_ENTRY \
+#define QNUTIL_PLUGIN_ENTRY                                                                       \
   void filter_step([[maybe_unused]] std::int16_t selector, [[maybe_unused]] FilterRecord* record, \
                    [[maybe_unused]] std::int16_t* result)
 
@@ -76,8 +76,8 @@ void map_tile(FilterRecord& record, Change change) {
 
 }  // namespace plugin
 
-extern "C" __declspec(dllexport) void PluginMain(std::int16_t selector, FilterRecord* record, std::intptr_t*,
-                                                 std::int16_t* result) {
+extern "C" __declspec(dllexport) void PluginMain(std::int16_t selector, FilterRecord* record,
+                                                 std::intptr_t*, std::int16_t* result) {
   plugin::trace(selector);
   *result = noErr;
   filter_step(selector, record, result);

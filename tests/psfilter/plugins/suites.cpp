@@ -20,7 +20,8 @@ bool buffer_suite(const BufferProcs& procs) {
 }
 
 // Writes `text` into the handle, resizes it to `size` and reads the text back.
-bool keeps_text_over_resize(const HandleProcs& procs, Handle handle, const char* text, std::int32_t size) {
+bool keeps_text_over_resize(const HandleProcs& procs, Handle handle, const char* text,
+                            std::int32_t size) {
   Ptr bytes = procs.lockProc(handle, false);
   if (!bytes) return false;
   std::memcpy(bytes, text, std::strlen(text));
@@ -55,7 +56,8 @@ bool empty_and_refused_handles(const HandleProcs& procs) {
 
 bool own_global_handle(const HandleProcs& procs) {
   auto handle = reinterpret_cast<Handle>(GlobalAlloc(GMEM_MOVEABLE, 32));
-  const bool kept = procs.getSizeProc(handle) == 32 && keeps_text_over_resize(procs, handle, "global", 64);
+  const bool kept =
+      procs.getSizeProc(handle) == 32 && keeps_text_over_resize(procs, handle, "global", 64);
   procs.disposeProc(handle);
   return kept;
 }
@@ -64,7 +66,8 @@ bool pointer_to_own_global_handle(const HandleProcs& procs) {
   HGLOBAL holder = GlobalAlloc(GMEM_MOVEABLE, 8);
   auto handle = reinterpret_cast<Handle>(&holder);
   if (procs.getSizeProc(handle) != 8) return false;
-  if (procs.setSizeProc(handle, 100000) != noErr || procs.getSizeProc(handle) != 100000) return false;
+  if (procs.setSizeProc(handle, 100000) != noErr || procs.getSizeProc(handle) != 100000)
+    return false;
   Ptr bytes = procs.lockProc(handle, false);
   const bool locked = bytes != nullptr;
   if (locked) bytes[99999] = 1;
@@ -106,7 +109,8 @@ QNUTIL_PLUGIN_ENTRY {
     auto* out = static_cast<std::uint8_t*>(record->outData);
     for (int y = 0; y < plugin::height(record->outRect); ++y)
       for (int x = 0; x < plugin::width(record->outRect); ++x)
-        for (int plane = 0; plane < 4; ++plane) out[y * record->outRowBytes + x * 4 + plane] = std::uint8_t(plane * 10 + 10);
+        for (int plane = 0; plane < 4; ++plane)
+          out[y * record->outRowBytes + x * 4 + plane] = std::uint8_t(plane * 10 + 10);
     plugin::clear_tiles(*record);
   }
 }
