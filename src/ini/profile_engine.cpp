@@ -114,14 +114,17 @@ std::uint32_t profile_get_int(const char* section, const char* key, int fallback
 bool profile_write_string(const char* section, const char* key, const char* value,
                           const char* file) {
   if (!has_path(file)) return false;
-  std::lock_guard lock(profile_lock);
   if (!section) {
+    std::lock_guard lock(profile_lock);
     if (!key && !value) cache().forget(file);
     return false;
   }
   // Other processes' writers wait while this one reads, edits and replaces
-  // the file, so that concurrent writes of different keys all land.
+  // the file, so that concurrent writes of different keys all land. The
+  // folder comes first, the cache's lock second, always: a material save
+  // holds its folder while it writes through here.
   const platform::FolderLock folder_lock(file);
+  std::lock_guard lock(profile_lock);
   const auto loaded = cache().load(file);
   if (loaded.exists && !loaded.text) return false;
   const IniText empty{std::string()};

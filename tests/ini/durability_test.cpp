@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <string>
+#include <thread>
 
 #include "qnutil/qnutil.h"
 #include "support/faults.h"
@@ -92,6 +93,35 @@ TEST_F(IniDurability, MaterialSaveIsAllOrNothingAndSaysWhich) {
   }
   EXPECT_EQ(material.Write(), 1);
   EXPECT_EQ(read_file(path), new_bytes);
+}
+
+// A material save holds its folder while it writes through the INI
+// functions; threads writing keys in the same folder meanwhile neither
+// wait for ever nor lose anything.
+TEST_F(IniDurability, MaterialSavesAndKeyWritesInOneFolderFromThreadsFinish) {
+  constexpr int kRounds = 400;  // enough that the two always meet
+  const std::string material_path = dir_.file("glass.mat");
+  write_file(material_path, kGlass);
+  write_file(path_, "[s]\r\n");
+  std::thread saver([&] {
+    CQnMatFile material(material_path);
+    for (int i = 0; i < kRounds; ++i) {
+      material.GetMaterialPtr()->alpha = static_cast<float>(i);
+      EXPECT_EQ(material.Write(), 1);
+    }
+  });
+  std::thread writer([&] {
+    MiniHandle file = mini_open_ex(path_.c_str(), 0);
+    for (int k = 0; k < kRounds; ++k) {
+      EXPECT_EQ(mini_write_long(file, "s", ("k" + std::to_string(k)).c_str(), k), QNUTIL_OK);
+    }
+    mini_close(&file);
+  });
+  saver.join();
+  writer.join();
+  const std::string last = std::to_string(kRounds - 1);
+  EXPECT_NE(read_file(material_path).find("alpha=" + last + "\r\n"), std::string::npos);
+  EXPECT_NE(read_file(path_).find("k" + last + "=" + last + "\r\n"), std::string::npos);
 }
 
 // A rewrite keeps the file's mode and, done by root, its owner and group.
