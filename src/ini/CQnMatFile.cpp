@@ -17,10 +17,8 @@ CQnMatFile& CQnMatFile::operator=(const CQnMatFile& other) = default;
 CQnMatFile::~CQnMatFile() = default;
 
 int CQnMatFile::Read(const std::string& path) {
-  // The path is copied first: the caller may pass this object's own file path.
-  const std::string file = path;
   const QnUtilMaterialStrings strings{assign_text, &m_logName, &m_testTexturePath, &m_filePath};
-  return qnutil_material_read(file.c_str(), &m_loaded, &m_material, &strings);
+  return qnutil_material_read(path.c_str(), &m_loaded, &m_material, &strings);
 }
 
 int CQnMatFile::Write(const std::string& path) {

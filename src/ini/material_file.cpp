@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "frame/export_guard.h"
 #include "frame/text_format.h"
 #include "ini/class_core.h"
 #include "numeric/multibyte_text.h"
@@ -169,25 +170,18 @@ int write_material(const char* path, const std::string& name, const char* test_t
   return saved ? 1 : 0;
 }
 
-template <class Body>
-int guarded(Body&& body) noexcept {
-  try {
-    return body();
-  } catch (...) {
-    return 0;
-  }
-}
-
 }  // namespace
 
 extern "C" int qnutil_material_read(const char* path, int* loaded, matTyp* record,
                                     const QnUtilMaterialStrings* strings) {
-  return guarded([&] { return read_material(path, *loaded, *record, *strings); });
+  return qnutil::frame::guard_export(
+      0, [&] { return read_material(path, *loaded, *record, *strings); });
 }
 
 extern "C" int qnutil_material_write(const char* path, const char* log_name,
                                      const char* test_texture_path, const matTyp* record) {
-  return guarded([&] { return write_material(path, log_name, test_texture_path, *record); });
+  return qnutil::frame::guard_export(
+      0, [&] { return write_material(path, log_name, test_texture_path, *record); });
 }
 
 extern "C" void qnutil_material_name_of_path(const char* file_path, QnUtilAssignText assign,

@@ -44,11 +44,8 @@ CQnMatFile::~CQnMatFile() {
 }
 
 int CQnMatFile::Read(const QnUtilMfcString& path) {
-  // A copy sharing the caller's buffer keeps the text alive while the file
-  // path is replaced, should the caller pass that very string.
-  const FrameworkString file(path);
   const QnUtilMaterialStrings strings{assign_text, &m_logName, &m_testTexturePath, &m_filePath};
-  return qnutil_material_read(file.c_str(), &m_loaded, &m_material, &strings);
+  return qnutil_material_read(path.c_str(), &m_loaded, &m_material, &strings);
 }
 
 int CQnMatFile::Write(const QnUtilMfcString& path) {

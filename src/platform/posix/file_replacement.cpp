@@ -1,4 +1,5 @@
 #include "platform/file_replacement.h"
+#include "platform/posix/replaced_path.h"
 #include "platform/temporary_names.h"
 
 #include <dirent.h>
@@ -9,25 +10,13 @@
 
 #include <atomic>
 #include <cerrno>
-#include <climits>
-#include <cstdlib>
 #include <string>
 
 namespace qnutil::platform {
 namespace {
 
-// A symbolic link is followed, so that the file it names is replaced and
-// the link stays.
-std::string resolved_target(const char* path) {
-  char resolved[PATH_MAX];
-  return ::realpath(path, resolved) ? std::string(resolved) : std::string(path);
-}
-
-std::string folder_of(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
-}
+using posix::folder_of;
+using posix::resolved_target;
 
 // Temporary files of `name` whose writer no longer runs: a killed process
 // left them.

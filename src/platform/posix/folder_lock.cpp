@@ -1,12 +1,11 @@
 #include "platform/folder_lock.h"
+#include "platform/posix/replaced_path.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
-#include <cstdlib>
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -26,12 +25,7 @@ thread_local std::vector<std::string> held_folders;
 // replaced. flock locks belong to the open folder, so threads of one
 // process exclude each other as processes do.
 FolderLock::FolderLock(const char* path) : handle_(-1) {
-  char resolved[PATH_MAX];
-  std::string target = ::realpath(path, resolved) ? resolved : path;
-  const std::size_t slash = target.rfind('/');
-  const std::string folder = slash == std::string::npos ? "."
-                             : slash == 0               ? "/"
-                                                        : target.substr(0, slash);
+  const std::string folder = posix::folder_of(posix::resolved_target(path));
   if (std::find(held_folders.begin(), held_folders.end(), folder) != held_folders.end()) return;
   const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (fd < 0) return;
