@@ -1,7 +1,11 @@
 /*
- * Polygon triangulation: the Delaunay triangulation of a point set whose
- * first points form a closed boundary polygon, with the faces outside the
- * points' hull clipped against the boundary.
+ * Polygon triangulation.
+ *  - Triangulieren: the Delaunay triangulation of a point set whose first
+ *    points form a closed boundary polygon, with the faces outside the
+ *    points' hull clipped against the boundary.
+ *  - TriangulateRegion: the constrained Delaunay triangulation of a region
+ *    bounded by rings (outlines and openings), which keeps every ring edge
+ *    and emits only the triangles inside the region.
  */
 #ifndef QNUTIL_TRIANGULATE_H
 #define QNUTIL_TRIANGULATE_H
@@ -30,6 +34,57 @@ QNUTIL_API int QNUTIL_CALL Triangulieren(int n, unsigned int nb, const float* po
 /** Releases an array made by Triangulieren and sets *triangles to null;
  *  a null pointer (or *triangles null) is accepted. Returns 1. */
 QNUTIL_API int QNUTIL_CALL FreeTriangs(void** triangles);
+
+/* Results of TriangulateRegion. */
+#define QNUTIL_REGION_OK 0
+#define QNUTIL_REGION_BAD_ARGUMENT (-1)   /* null pointer, sizes that do not add up, too many points */
+#define QNUTIL_REGION_BAD_COORDINATE (-2) /* a coordinate not finite or beyond +-1e30 */
+#define QNUTIL_REGION_CROSSING (-3)       /* two ring edges cross: no region is defined */
+#define QNUTIL_REGION_NO_MEMORY (-4)
+
+/** Triangulates the region bounded by rings of points, keeping every ring
+ *  edge, and returns the triangles inside it.
+ *
+ *  `points` holds point_count (x, y) pairs of doubles. The first
+ *  ring_sizes[0] points are ring 0, the next ring_sizes[1] ring 1, and so
+ *  on; each ring is closed from its last point back to its first (a closing
+ *  point that repeats the first one is accepted). The points after the
+ *  rings are interior points: extra vertices of the mesh, e.g. a grid for a
+ *  finer one; those outside the region are simply not used.
+ *
+ *  The region is what the rings enclose by the even-odd rule: a point
+ *  belongs to it when a ray from it crosses the rings an odd number of
+ *  times. An outline with openings is thus just its rings, in any order
+ *  and orientation; an opening may touch the outline or another opening at
+ *  vertices or along edges, and an edge drawn twice (a zero-area spike, or
+ *  a wall shared by two rings) bounds nothing.
+ *
+ *  Every ring edge is an edge of the result, split where other points lie
+ *  on it; points that repeat an earlier point exactly are merged into it.
+ *  Elsewhere the mesh is Delaunay: no vertex visible from a triangle lies
+ *  inside its circumcircle. All decisions use exact predicates, so
+ *  near-duplicate and collinear points are handled as they are. Coordinates
+ *  of a magnitude below 1e-30 are taken as 0 (they are far below any
+ *  drawing's precision and would underflow the exact arithmetic).
+ *  Two ring edges that cross at a point interior to both have no defined
+ *  region between them: the call fails with QNUTIL_REGION_CROSSING, and
+ *  *crossing_point (when given) names the ring point whose edge to the
+ *  next point of its ring runs into the crossing.
+ *
+ *  On QNUTIL_REGION_OK, *triangles is a new array of *triangle_count
+ *  triangles, three indices into `points` each, counter-clockwise (a merged
+ *  point is named by its first occurrence); release it with
+ *  FreeRegionTriangles. An empty region gives an empty array. On failure
+ *  *triangles is null and *triangle_count 0. At most 100,000,000 points. */
+QNUTIL_API int QNUTIL_CALL TriangulateRegion(const double* points, unsigned int point_count,
+                                             const unsigned int* ring_sizes,
+                                             unsigned int ring_count, unsigned int** triangles,
+                                             unsigned int* triangle_count,
+                                             unsigned int* crossing_point);
+
+/** Releases an array made by TriangulateRegion and sets *triangles to null;
+ *  a null pointer (or *triangles null) is accepted. */
+QNUTIL_API void QNUTIL_CALL FreeRegionTriangles(unsigned int** triangles);
 
 QNUTIL_EXTERN_C_END
 

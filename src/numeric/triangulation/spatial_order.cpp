@@ -1,0 +1,73 @@
+#include "numeric/triangulation/spatial_order.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace qnutil::triangulation::region {
+namespace {
+
+constexpr unsigned kCurveBits = 16;
+
+// Position of cell (x, y) along the Hilbert curve through a 2^16 grid.
+std::uint32_t hilbert_index(std::uint32_t x, std::uint32_t y) {
+  constexpr std::uint32_t kSide = 1u << kCurveBits;
+  std::uint32_t index = 0;
+  for (std::uint32_t half = kSide / 2; half > 0; half /= 2) {
+    const std::uint32_t rx = (x & half) != 0, ry = (y & half) != 0;
+    index += half * half * ((3 * rx) ^ ry);
+    if (ry == 0) {
+      if (rx == 1) {
+        x = kSide - 1 - x;
+        y = kSide - 1 - y;
+      }
+      std::swap(x, y);
+    }
+  }
+  return index;
+}
+
+// Stable byte-wise radix sort on the upper 32 bits, which leaves equal
+// curve positions in input order (the lower bits).
+void sort_by_upper_half(std::vector<std::uint64_t>& keys) {
+  std::vector<std::uint64_t> buffer(keys.size());
+  for (unsigned shift = 32; shift < 64; shift += 8) {
+    std::array<std::size_t, 257> start{};
+    for (const std::uint64_t key : keys) ++start[((key >> shift) & 0xFF) + 1];
+    for (unsigned digit = 0; digit < 256; ++digit) start[digit + 1] += start[digit];
+    for (const std::uint64_t key : keys) buffer[start[(key >> shift) & 0xFF]++] = key;
+    keys.swap(buffer);
+  }
+}
+
+}  // namespace
+
+std::vector<std::uint32_t> spatial_order(const std::vector<Point>& points) {
+  double min_x = 0, max_x = 0, min_y = 0, max_y = 0;
+  if (!points.empty()) {
+    min_x = max_x = points[0].x;
+    min_y = max_y = points[0].y;
+  }
+  for (const Point& p : points) {
+    min_x = std::min(min_x, p.x), max_x = std::max(max_x, p.x);
+    min_y = std::min(min_y, p.y), max_y = std::max(max_y, p.y);
+  }
+  constexpr std::uint32_t kLastCell = (1u << kCurveBits) - 1;
+  const double scale_x = max_x > min_x ? kLastCell / (max_x - min_x) : 0;
+  const double scale_y = max_y > min_y ? kLastCell / (max_y - min_y) : 0;
+  std::vector<std::uint64_t> keys(points.size());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const auto x = static_cast<std::uint32_t>((points[i].x - min_x) * scale_x);
+    const auto y = static_cast<std::uint32_t>((points[i].y - min_y) * scale_y);
+    keys[i] = (std::uint64_t{hilbert_index(std::min<std::uint32_t>(x, kLastCell),
+                                           std::min<std::uint32_t>(y, kLastCell))}
+               << 32) |
+              i;
+  }
+  sort_by_upper_half(keys);
+  std::vector<std::uint32_t> order(points.size());
+  for (std::size_t i = 0; i < keys.size(); ++i) order[i] = static_cast<std::uint32_t>(keys[i]);
+  return order;
+}
+
+}  // namespace qnutil::triangulation::region

@@ -1,0 +1,269 @@
+// TriangulateRegion on floor plans: the triangles tile exactly the region
+// the rings enclose (openings empty), keep every ring edge, and are
+// constrained Delaunay, checked by brute force in integer arithmetic; on
+// degenerate drawings too, and with clear results for what has no region.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <ostream>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "region_checks.h"
+
+namespace region_test {
+namespace {
+
+using Ring = std::vector<std::pair<double, double>>;
+
+Ring rectangle(double x0, double y0, double x1, double y1) {
+  return {{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}};
+}
+Ring reversed(Ring ring) { return Ring(ring.rbegin(), ring.rend()); }
+
+// A rectangle with `per_side` points on each side (collinear runs).
+Ring dense_rectangle(int x0, int y0, int x1, int y1, int per_side) {
+  Ring ring;
+  for (int i = 0; i < per_side; ++i) ring.push_back({x0 + (x1 - x0) * i / per_side, y0});
+  for (int i = 0; i < per_side; ++i) ring.push_back({x1, y0 + (y1 - y0) * i / per_side});
+  for (int i = 0; i < per_side; ++i) ring.push_back({x1 - (x1 - x0) * i / per_side, y1});
+  for (int i = 0; i < per_side; ++i) ring.push_back({x0, y1 - (y1 - y0) * i / per_side});
+  return ring;
+}
+
+struct Case {
+  std::string name;
+  std::function<Plan()> plan;
+  std::int64_t double_area;  // of the region
+};
+void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }
+
+Plan rings(std::initializer_list<Ring> list) {
+  Plan plan;
+  for (const Ring& ring : list) plan.ring(ring);
+  return plan;
+}
+
+const Case kCases[] = {
+    {"concave L", [] { return rings({{{0, 0}, {60, 0}, {60, 20}, {20, 20}, {20, 50}, {0, 50}}}); },
+     2 * (60 * 20 + 20 * 30)},
+    {"square with an opening", [] { return rings({rectangle(0, 0, 100, 100), rectangle(30, 30, 60, 70)}); },
+     2 * (10000 - 1200)},
+    {"opening drawn first, both clockwise",
+     [] { return rings({reversed(rectangle(30, 30, 60, 70)), reversed(rectangle(0, 0, 100, 100))}); },
+     2 * (10000 - 1200)},
+    {"opening touching the outline at a corner",
+     [] { return rings({rectangle(0, 0, 100, 100), {{0, 0}, {40, 10}, {10, 40}}}); },
+     2 * 10000 - (40 * 40 - 10 * 10)},
+    {"opening along part of the outline",
+     [] { return rings({rectangle(0, 0, 100, 100), rectangle(20, 0, 50, 30)}); }, 2 * (10000 - 900)},
+    {"openings touching each other at a vertex",
+     [] { return rings({rectangle(0, 0, 100, 100), rectangle(10, 10, 50, 50), rectangle(50, 50, 90, 80)}); },
+     2 * (10000 - 1600 - 1200)},
+    {"openings sharing a wall",
+     [] { return rings({rectangle(0, 0, 100, 100), rectangle(10, 10, 50, 50), rectangle(50, 10, 90, 50)}); },
+     2 * (10000 - 3200)},
+    {"collinear runs on outline and opening",
+     [] { return rings({dense_rectangle(0, 0, 2000, 1000, 40), dense_rectangle(500, 200, 1500, 800, 25)}); },
+     2 * (2000000 - 600000)},
+    {"repeated points and a closing point",
+     [] { return rings({{{0, 0}, {0, 0}, {50, 0}, {50, 0}, {50, 40}, {0, 40}, {0, 0}}}); }, 2 * 2000},
+    {"zero-area spikes out and in",
+     [] {
+       return rings({{{0, 0}, {40, 0}, {40, -30}, {40, 0}, {80, 0}, {80, 50}, {50, 50}, {50, 20},
+                      {50, 50}, {0, 50}}});
+     },
+     2 * 4000},
+    {"spike along the outline's own edge",
+     [] { return rings({{{0, 0}, {80, 0}, {80, 50}, {0, 50}, {0, 20}, {0, 40}, {0, 20}}}); }, 2 * 4000},
+    {"wall drawn as a two-point ring",
+     [] {
+       Plan plan = rings({rectangle(0, 0, 100, 100)});
+       plan.ring(Ring{{20, 50}, {80, 50}});
+       return plan;
+     },
+     2 * 10000},
+    {"interior points, on edges too",
+     [] {
+       Plan plan = rings({rectangle(0, 0, 90, 90), rectangle(30, 30, 60, 60)});
+       for (int x = 0; x <= 90; x += 10)
+         for (int y = 0; y <= 90; y += 10) plan.point(x, y);
+       plan.point(200, 200);  // outside: not used
+       plan.point(45, 45);    // in the opening: not used
+       return plan;
+     },
+     2 * (8100 - 900)},
+    {"nested: an island inside an opening",
+     [] { return rings({rectangle(0, 0, 100, 100), rectangle(20, 20, 80, 80), rectangle(40, 40, 60, 60)}); },
+     2 * (10000 - 3600 + 400)},
+};
+
+class RegionCases : public ::testing::TestWithParam<Case> {};
+
+TEST_P(RegionCases, TilesTheRegionKeepingRingEdgesConstrainedDelaunay) {
+  const Plan plan = GetParam().plan();
+  const Result result = triangulate(plan);
+  ASSERT_EQ(result.code, QNUTIL_REGION_OK);
+  const GridChecks checks(plan, result);
+  checks.expect_tiles_region(GetParam().double_area);
+  checks.expect_ring_edges_kept();
+  checks.expect_constrained_delaunay();
+}
+
+INSTANTIATE_TEST_SUITE_P(Plans, RegionCases, ::testing::ValuesIn(kCases),
+                         [](const auto& info) {
+                           std::string name = info.param.name;
+                           for (char& c : name)
+                             if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+                           return name;
+                         });
+
+// A random floor plan: a wavy outline around a grid of rectangular
+// openings of random size, plus random interior points.
+Plan random_plan(unsigned seed, int outline_points, int openings_per_side, int interior) {
+  std::mt19937 generator(seed);
+  std::uniform_int_distribution<int> wobble(-150, 150);
+  Plan plan;
+  Ring outline;
+  const double kPi = 3.14159265358979323846;
+  for (int i = 0; i < outline_points; ++i) {
+    const double angle = 2 * kPi * i / outline_points;
+    const int radius = 5500 + wobble(generator);
+    outline.push_back({std::round(radius * std::cos(angle)), std::round(radius * std::sin(angle))});
+  }
+  plan.ring(outline);
+  const int cell = 6000 / openings_per_side;
+  std::uniform_int_distribution<int> size(cell / 8, cell / 2 - 2);
+  for (int row = 0; row < openings_per_side; ++row)
+    for (int column = 0; column < openings_per_side; ++column) {
+      const int cx = -3000 + column * cell + cell / 2, cy = -3000 + row * cell + cell / 2;
+      const int w = size(generator), h = size(generator);
+      plan.ring(rectangle(cx - w, cy - h, cx + w, cy + h));
+    }
+  std::uniform_int_distribution<int> anywhere(-5800, 5800);
+  for (int i = 0; i < interior; ++i) plan.point(anywhere(generator), anywhere(generator));
+  return plan;
+}
+
+TEST(RegionRandomPlans, ConstrainedDelaunayByBruteForce) {
+  for (unsigned seed : {1u, 2u, 3u}) {
+    const Plan plan = random_plan(seed, 600, 7, 1500);
+    const Result result = triangulate(plan);
+    ASSERT_EQ(result.code, QNUTIL_REGION_OK) << result.crossing_point;
+    std::int64_t area = ring_double_area(plan, 0);
+    for (std::size_t r = 1; r < plan.rings.size(); ++r) area -= ring_double_area(plan, r);
+    const GridChecks checks(plan, result);
+    checks.expect_tiles_region(area);
+    checks.expect_ring_edges_kept();
+    checks.expect_constrained_delaunay();
+  }
+}
+
+// Near-duplicate points (a millionth apart, far below the grid): exact
+// decisions keep the mesh valid; checked by area and by the ring edges'
+// presence among the triangle edges.
+TEST(RegionNearDuplicates, AreaAndEdgesHold) {
+  Plan plan;
+  Ring outline = {{0, 0}, {1e-6, 0}, {10, 0}, {10, 1e-6}, {10, 10}, {10 - 1e-9, 10}, {0, 10}};
+  Ring opening = {{3, 3}, {3 + 1e-7, 3}, {6, 3}, {6, 6}, {3, 6 + 1e-12}, {3, 6}};
+  plan.ring(outline);
+  plan.ring(opening);
+  plan.point(5, 1e-12);  // just above the outline's lower edge
+  plan.point(5, 3 - 1e-12);
+  const Result result = triangulate(plan);
+  ASSERT_EQ(result.code, QNUTIL_REGION_OK);
+  double area = 0;
+  std::set<std::pair<unsigned, unsigned>> edges;
+  for (std::size_t t = 0; t < result.triangle_count(); ++t) {
+    const unsigned* c = &result.corners[3 * t];
+    const double ax = plan.xy[2 * c[0]], ay = plan.xy[2 * c[0] + 1];
+    const double bx = plan.xy[2 * c[1]], by = plan.xy[2 * c[1] + 1];
+    const double cx = plan.xy[2 * c[2]], cy = plan.xy[2 * c[2] + 1];
+    const double twice = (bx - ax) * (cy - ay) - (by - ay) * (cx - ax);
+    EXPECT_GT(twice, 0);
+    area += twice / 2;
+    for (int k = 0; k < 3; ++k) edges.insert({c[k], c[(k + 1) % 3]});
+  }
+  // Both rings' areas by the shoelace formula.
+  double expected = 0;
+  std::size_t start = 0;
+  for (std::size_t r = 0; r < 2; ++r) {
+    double ring_area = 0;
+    for (unsigned k = 0; k < plan.rings[r]; ++k) {
+      const std::size_t i = start + k, j = start + (k + 1) % plan.rings[r];
+      ring_area += plan.xy[2 * i] * plan.xy[2 * j + 1] - plan.xy[2 * j] * plan.xy[2 * i + 1];
+    }
+    expected += (r == 0 ? 0.5 : -0.5) * std::fabs(ring_area);
+    start += plan.rings[r];
+  }
+  EXPECT_NEAR(area, expected, 1e-9 * expected);
+  // Ring edges with nothing on them are triangle edges, inside on the left
+  // of the (counter-clockwise) outline and on the right of the opening.
+  EXPECT_TRUE(edges.count({2, 3}));  // (10, 0) - (10, 1e-6)
+  EXPECT_TRUE(edges.count({4, 5}));
+  EXPECT_TRUE(edges.count({9, 8}));  // opening (3 + 1e-7, 3) - (6, 3), the region below it
+  EXPECT_TRUE(edges.count({12, 7}) || edges.count({7, 12}));
+}
+
+TEST(RegionResults, CrossingRingsAreRefusedNamingTheEdge) {
+  Plan bow_tie = rings({{{0, 0}, {10, 10}, {10, 0}, {0, 10}}});
+  Result result = triangulate(bow_tie);
+  EXPECT_EQ(result.code, QNUTIL_REGION_CROSSING);
+  EXPECT_EQ(result.crossing_point, 2u);  // (10, 0) - (0, 10) runs into 0 - 1
+
+  Plan overlapping = rings({rectangle(0, 0, 100, 100), rectangle(50, 50, 150, 150)});
+  result = triangulate(overlapping);
+  EXPECT_EQ(result.code, QNUTIL_REGION_CROSSING);
+  EXPECT_GE(result.crossing_point, 4u);
+  EXPECT_LT(result.crossing_point, 8u);
+}
+
+TEST(RegionResults, BadArgumentsAndCoordinates) {
+  const Plan square = rings({rectangle(0, 0, 10, 10)});
+  unsigned int* array = reinterpret_cast<unsigned int*>(&array);
+  unsigned int count = 5;
+  const unsigned int too_many[] = {5};
+  EXPECT_EQ(TriangulateRegion(square.xy.data(), 4, too_many, 1, &array, &count, nullptr),
+            QNUTIL_REGION_BAD_ARGUMENT);
+  EXPECT_EQ(array, nullptr);
+  EXPECT_EQ(count, 0u);
+  EXPECT_EQ(TriangulateRegion(nullptr, 4, square.rings.data(), 1, &array, &count, nullptr),
+            QNUTIL_REGION_BAD_ARGUMENT);
+  EXPECT_EQ(TriangulateRegion(square.xy.data(), 4, nullptr, 1, &array, &count, nullptr),
+            QNUTIL_REGION_BAD_ARGUMENT);
+  EXPECT_EQ(TriangulateRegion(square.xy.data(), 4, square.rings.data(), 1, nullptr, &count, nullptr),
+            QNUTIL_REGION_BAD_ARGUMENT);
+  EXPECT_EQ(TriangulateRegion(square.xy.data(), 4, square.rings.data(), 1, &array, nullptr, nullptr),
+            QNUTIL_REGION_BAD_ARGUMENT);
+  EXPECT_EQ(array, nullptr);
+
+  for (const double bad : {std::numeric_limits<double>::quiet_NaN(),
+                           std::numeric_limits<double>::infinity(), -2e30}) {
+    Plan plan = square;
+    plan.xy[3] = bad;
+    EXPECT_EQ(triangulate(plan).code, QNUTIL_REGION_BAD_COORDINATE) << bad;
+  }
+
+  // Nothing to enclose: an empty array, still one to release.
+  Plan no_rings;
+  no_rings.point(1, 1);
+  const Result empty = triangulate(no_rings);
+  EXPECT_EQ(empty.code, QNUTIL_REGION_OK);
+  EXPECT_EQ(empty.triangle_count(), 0u);
+  FreeRegionTriangles(nullptr);
+}
+
+TEST(RegionResults, TinyCoordinatesCountAsZero) {
+  // The two lower corners differ only below 1e-30: one point, so the
+  // "triangle" is a spike with no area and nothing comes out.
+  const Plan plan = rings({{{0, 0}, {1e-31, 0}, {0, 10}}});
+  const Result result = triangulate(plan);
+  EXPECT_EQ(result.code, QNUTIL_REGION_OK);
+  EXPECT_EQ(result.triangle_count(), 0u);
+}
+
+}  // namespace
+}  // namespace region_test
