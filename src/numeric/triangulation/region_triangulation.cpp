@@ -1,5 +1,6 @@
 #include "numeric/triangulation/region_triangulation.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <utility>
@@ -60,6 +61,25 @@ std::vector<std::uint32_t> inside_triangles(const RegionMesh& mesh) {
   return corners;
 }
 
+// The insertion order is random in part, so a repeated point may have been
+// inserted before its first occurrence: the caller sees each vertex under
+// the lowest index of the points at its position.
+void name_by_first_occurrence(const std::vector<VertexId>& vertex_of,
+                              std::vector<std::uint32_t>& corners) {
+  std::vector<VertexId> name;
+  for (VertexId i = 0; i < vertex_of.size(); ++i) {
+    const VertexId v = vertex_of[i];
+    if (v == i) continue;
+    if (name.empty()) {
+      name.resize(vertex_of.size());
+      for (VertexId k = 0; k < name.size(); ++k) name[k] = k;
+    }
+    name[v] = std::min(name[v], i);
+  }
+  if (name.empty()) return;
+  for (std::uint32_t& corner : corners) corner = name[corner];
+}
+
 }  // namespace
 
 RegionResult triangulate_region(const RegionInput& input) {
@@ -77,8 +97,7 @@ RegionResult triangulate_region(const RegionInput& input) {
   }
   if (ring_points == 0) return result;
 
-  // A repeated point becomes the vertex first inserted at its position,
-  // the one with the lowest index (the insertion order keeps ties in order).
+  // A repeated point becomes the vertex inserted first at its position.
   std::vector<VertexId> vertex_of(points.size());
   const std::vector<std::uint32_t> order = spatial_order(points);
   RegionMesh mesh(std::move(points));
@@ -100,6 +119,7 @@ RegionResult triangulate_region(const RegionInput& input) {
     ring_start += size;
   }
   result.triangles = inside_triangles(mesh);
+  name_by_first_occurrence(vertex_of, result.triangles);
   return result;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 
 namespace qnutil::triangulation::region {
@@ -27,11 +28,27 @@ std::uint32_t hilbert_index(std::uint32_t x, std::uint32_t y) {
   return index;
 }
 
-// Stable byte-wise radix sort on the upper 32 bits, which leaves equal
-// curve positions in input order (the lower bits).
-void sort_by_upper_half(std::vector<std::uint64_t>& keys) {
+// A key holds the round (5 bits), the curve position (32) and the index (27).
+constexpr unsigned kIndexBits = 27;
+constexpr unsigned kCurveShift = kIndexBits;
+constexpr unsigned kRoundShift = kIndexBits + 2 * kCurveBits;
+constexpr std::uint64_t kLastRound = 31;
+
+// The round a point is drawn into, counted from the last: 0 for half of
+// the points, 1 for a quarter, and so on.
+std::uint64_t rounds_before_last(std::uint32_t index) {
+  std::uint64_t z = index + 0x9E3779B97F4A7C15ull;  // splitmix64
+  z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ull;
+  z = (z ^ (z >> 27)) * 0x94D049BB133111EBull;
+  z ^= z >> 31;
+  return std::min<std::uint64_t>(std::countr_zero(z | (1ull << 63)), kLastRound);
+}
+
+// Stable byte-wise radix sort on the bits above the index, which leaves
+// equal positions in index order.
+void sort_keys(std::vector<std::uint64_t>& keys) {
   std::vector<std::uint64_t> buffer(keys.size());
-  for (unsigned shift = 32; shift < 64; shift += 8) {
+  for (unsigned shift = kCurveShift; shift < 64; shift += 8) {
     std::array<std::size_t, 257> start{};
     for (const std::uint64_t key : keys) ++start[((key >> shift) & 0xFF) + 1];
     for (unsigned digit = 0; digit < 256; ++digit) start[digit + 1] += start[digit];
@@ -59,14 +76,15 @@ std::vector<std::uint32_t> spatial_order(const std::vector<Point>& points) {
   for (std::size_t i = 0; i < points.size(); ++i) {
     const auto x = static_cast<std::uint32_t>((points[i].x - min_x) * scale_x);
     const auto y = static_cast<std::uint32_t>((points[i].y - min_y) * scale_y);
-    keys[i] = (std::uint64_t{hilbert_index(std::min<std::uint32_t>(x, kLastCell),
-                                           std::min<std::uint32_t>(y, kLastCell))}
-               << 32) |
-              i;
+    const std::uint64_t curve =
+        hilbert_index(std::min<std::uint32_t>(x, kLastCell), std::min<std::uint32_t>(y, kLastCell));
+    const auto index = static_cast<std::uint32_t>(i);
+    keys[i] = (kLastRound - rounds_before_last(index)) << kRoundShift | curve << kCurveShift | index;
   }
-  sort_by_upper_half(keys);
+  sort_keys(keys);
   std::vector<std::uint32_t> order(points.size());
-  for (std::size_t i = 0; i < keys.size(); ++i) order[i] = static_cast<std::uint32_t>(keys[i]);
+  for (std::size_t i = 0; i < keys.size(); ++i)
+    order[i] = static_cast<std::uint32_t>(keys[i] & ((1u << kIndexBits) - 1));
   return order;
 }
 
