@@ -74,6 +74,11 @@ with tempfile.TemporaryDirectory() as scratch:
     bmp(path("deep.bmp"), 2, 2, 64, pixels=bytes(32))
     bmp(path("plain.bmp"), 2, 2, 24, pixels=bytes(16))
     missing = path("missing/x.env")
+    open(path("bow.plan"), "w").write("# bow tie\nring\n0 0\n10 10\n10 0\n0 10\n")
+    open(path("no_ring.plan"), "w").write("0 0\n")
+    open(path("late_ring.plan"), "w").write("ring\n0 0\n1 0\n0 1\npoints\n0.5 0.5\nring\n")
+    open(path("huge.plan"), "w").write("ring\n0 0\n1e31 0\n0 1\n")
+    open(path("text.plan"), "w").write("ring\n0 0\n1 zero\n")
 
     cases = [
         (["env", "set", missing, "s", "k", "v"], 1, r"x\.env: folder .*missing does not exist"),
@@ -92,6 +97,13 @@ with tempfile.TemporaryDirectory() as scratch:
         (["bmp", "info", path("palette.bmp")], 0, r"no pixels: more palette entries"),
         (["bmp", "info", path("deep.bmp")], 0, r"2 x 2 black pixels \(no rule for 64 bits"),
         (["bmp", "info", path("plain.bmp")], 0, r"reads 2 x 2 pixels into 32-bit words"),
+        (["tri", "--rings", path("bow.plan")], 1, r"bow\.plan:5: the ring edge from this point crosses"),
+        (["tri", "--rings", path("no_ring.plan")], 1, r"no_ring\.plan:1: expected \"ring\" first"),
+        (["tri", "--rings", path("late_ring.plan")], 1, r"late_ring\.plan:7: \"ring\" after the interior"),
+        (["tri", "--rings", path("huge.plan")], 1, r"huge\.plan: coordinates must be finite"),
+        (["tri", "--rings", path("text.plan")], 1, r"text\.plan:3: expected \"x y\""),
+        (["tri", "--rings", path("none.plan")], 1, r"cannot open .*none\.plan"),
+        (["tri", "--rings", "--boundary", "3", path("bow.plan")], 2, r"usage"),
     ]
     for args, status, pattern in cases:
         run(args, status, pattern)

@@ -22,8 +22,18 @@ namespace {
 int run_tri(int argc, char** argv);
 
 const Command kTri{"tri",
-                   "triangulate \"x y\" points (the first N the boundary) and draw the triangles",
+                   "triangulate \"x y\" points (the first N the boundary), or a floor plan of rings "
+                   "with openings, and draw the triangles",
                    "tri POINTS [--boundary N] [--svg OUT.svg] [--bmp OUT.bmp] [--json]\n"
+                   "       qnutil tri --rings PLAN [--svg OUT.svg] [--bmp OUT.bmp] [--json]\n"
+                   "  POINTS: one \"x y\" pair per line; Triangulieren, the first N points the\n"
+                   "    boundary polygon.\n"
+                   "  PLAN (--rings): a line \"ring\" starts a ring (an outline or an opening:\n"
+                   "    inside is what the rings enclose an odd number of times), followed by\n"
+                   "    its \"x y\" points, closed back to the first; a line \"points\" starts\n"
+                   "    interior points (extra mesh vertices). Triangulated by TriangulateRegion:\n"
+                   "    every ring edge kept, openings empty, constrained Delaunay.\n"
+                   "  In both, blank lines and lines starting with '#' are skipped.\n"
                    "  --json prints the triangles as an array of three [x, y] corners each",
                    run_tri};
 
@@ -59,8 +69,8 @@ bool read_points(const std::string& path, std::vector<Vertex>& points) {
 }
 
 struct Triangulation {
-  std::vector<Vertex> boundary;
-  std::vector<Vertex> corners;  // three per triangle
+  std::vector<std::vector<Vertex>> rings;  // closed outlines, drawn over the triangles
+  std::vector<Vertex> corners;             // three per triangle
 };
 
 // Maps drawing coordinates onto a canvas of at most `size` pixels, y up.
@@ -71,7 +81,9 @@ struct View {
   View(const Triangulation& t, int size) {
     double max_x = 0, max_y = 0;
     bool first = true;
-    for (const auto* list : {&t.boundary, &t.corners})
+    std::vector<const std::vector<Vertex>*> lists{&t.corners};
+    for (const auto& ring : t.rings) lists.push_back(&ring);
+    for (const auto* list : lists)
       for (const Vertex& v : *list) {
         if (!std::isfinite(v.x) || !std::isfinite(v.y)) continue;
         if (first) min_x = max_x = v.x, min_y = max_y = v.y, first = false;
@@ -99,9 +111,13 @@ bool write_svg(const std::string& path, const Triangulation& t) {
       out << view.x(t.corners[k]) << ',' << view.y(t.corners[k]) << ' ';
     out << "\"/>\n";
   }
-  out << "</g>\n<polygon fill=\"none\" stroke=\"#c02020\" stroke-width=\"1.5\" points=\"";
-  for (const Vertex& v : t.boundary) out << view.x(v) << ',' << view.y(v) << ' ';
-  out << "\"/>\n</svg>\n";
+  out << "</g>\n<g fill=\"none\" stroke=\"#c02020\" stroke-width=\"1.5\">\n";
+  for (const auto& ring : t.rings) {
+    out << "<polygon points=\"";
+    for (const Vertex& v : ring) out << view.x(v) << ',' << view.y(v) << ' ';
+    out << "\"/>\n";
+  }
+  out << "</g>\n</svg>\n";
   return static_cast<bool>(out);
 }
 
@@ -144,11 +160,12 @@ bool write_bmp(const std::string& path, const Triangulation& t) {
       const Vertex& b = t.corners[i + (k + 1) % 3];
       canvas.line(view.x(a), view.y(a), view.x(b), view.y(b), edge);
     }
-  for (std::size_t i = 0; i < t.boundary.size(); ++i) {
-    const Vertex& a = t.boundary[i];
-    const Vertex& b = t.boundary[(i + 1) % t.boundary.size()];
-    canvas.line(view.x(a), view.y(a), view.x(b), view.y(b), boundary);
-  }
+  for (const auto& ring : t.rings)
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+      const Vertex& a = ring[i];
+      const Vertex& b = ring[(i + 1) % ring.size()];
+      canvas.line(view.x(a), view.y(a), view.x(b), view.y(b), boundary);
+    }
   return canvas.save(path);
 }
 
@@ -164,8 +181,90 @@ bool triangulate(const std::vector<Vertex>& points, unsigned int boundary, Trian
   const auto* corners = static_cast<const Vertex*>(array);
   result.corners.assign(corners, corners + 3u * count);
   FreeTriangs(&array);
-  result.boundary.assign(points.begin(),
-                         points.begin() + std::min<std::size_t>(boundary, points.size()));
+  result.rings.emplace_back(points.begin(),
+                            points.begin() + std::min<std::size_t>(boundary, points.size()));
+  return true;
+}
+
+// A floor plan of rings: the points as TriangulateRegion takes them, and
+// the line each point came from, for messages.
+struct Plan {
+  std::vector<double> xy;
+  std::vector<unsigned int> rings;
+  std::vector<int> lines;
+};
+
+bool read_plan(const std::string& path, Plan& plan) {
+  std::ifstream in(path);
+  if (!in) {
+    std::fprintf(stderr, "qnutil tri: cannot open %s\n", path.c_str());
+    return false;
+  }
+  enum { kBeforeRings, kInRing, kInteriorPoints } section = kBeforeRings;
+  std::string line;
+  for (int number = 1; std::getline(in, line); ++number) {
+    std::istringstream fields(line);
+    std::string first, rest;
+    if (!(fields >> first) || first[0] == '#') continue;
+    if (first == "ring" || first == "points") {
+      if (fields >> rest || section == kInteriorPoints) {
+        std::fprintf(stderr, "qnutil tri: %s:%d: \"%s\" %s\n", path.c_str(), number, first.c_str(),
+                     section == kInteriorPoints ? "after the interior points" : "takes nothing after it");
+        return false;
+      }
+      section = first == "ring" ? kInRing : kInteriorPoints;
+      if (section == kInRing) plan.rings.push_back(0);
+      continue;
+    }
+    std::istringstream pair(line);
+    double x, y;
+    if (section == kBeforeRings || !(pair >> x >> y) || (pair >> rest)) {
+      std::fprintf(stderr, "qnutil tri: %s:%d: expected %s\n", path.c_str(), number,
+                   section == kBeforeRings ? "\"ring\" first" : "\"x y\"");
+      return false;
+    }
+    plan.xy.push_back(x), plan.xy.push_back(y);
+    plan.lines.push_back(number);
+    if (section == kInRing) ++plan.rings.back();
+  }
+  return true;
+}
+
+// Runs the library's region triangulation; false (with a message naming
+// the input line where it can) when it refuses the plan.
+bool triangulate_rings(const std::string& path, const Plan& plan, Triangulation& result) {
+  const std::size_t point_count = plan.xy.size() / 2;
+  const ProgressNote progress(point_count >= kLongRunPoints,
+                              "triangulating " + std::to_string(point_count) + " points");
+  unsigned int* array = nullptr;
+  unsigned int count = 0, crossing = 0;
+  const int code = TriangulateRegion(plan.xy.data(), static_cast<unsigned int>(point_count),
+                                     plan.rings.data(), static_cast<unsigned int>(plan.rings.size()),
+                                     &array, &count, &crossing);
+  if (code == QNUTIL_REGION_CROSSING) {
+    std::fprintf(stderr, "qnutil tri: %s:%d: the ring edge from this point crosses another ring edge\n",
+                 path.c_str(), plan.lines[crossing]);
+    return false;
+  }
+  if (code == QNUTIL_REGION_BAD_COORDINATE) {
+    std::fprintf(stderr, "qnutil tri: %s: coordinates must be finite and within +-1e30\n", path.c_str());
+    return false;
+  }
+  if (code != QNUTIL_REGION_OK) {
+    std::fprintf(stderr, "qnutil tri: triangulation failed (result %d)\n", code);
+    return false;
+  }
+  auto vertex = [&](std::size_t i) {
+    return Vertex{static_cast<float>(plan.xy[2 * i]), static_cast<float>(plan.xy[2 * i + 1])};
+  };
+  for (std::size_t i = 0; i < 3u * std::size_t{count}; ++i) result.corners.push_back(vertex(array[i]));
+  FreeRegionTriangles(&array);
+  std::size_t start = 0;
+  for (const unsigned int size : plan.rings) {
+    auto& ring = result.rings.emplace_back();
+    for (std::size_t i = start; i < start + size; ++i) ring.push_back(vertex(i));
+    start += size;
+  }
   return true;
 }
 
@@ -197,12 +296,16 @@ int run_tri(int argc, char** argv) {
   const char* input = nullptr;
   const char* svg = nullptr;
   const char* bmp = nullptr;
+  bool rings = false, boundary_given = false;
   unsigned long boundary = 0;
   for (int i = 1; i < argc; ++i) {
     if (std::strcmp(argv[i], "--boundary") == 0 && i + 1 < argc) {
       char* end = nullptr;
       boundary = std::strtoul(argv[++i], &end, 10);
       if (*end != '\0' || argv[i][0] == '-' || boundary > 0xFFFFFFFFul) return usage_error(kTri);
+      boundary_given = true;
+    } else if (std::strcmp(argv[i], "--rings") == 0) {
+      rings = true;
     } else if (std::strcmp(argv[i], "--svg") == 0 && i + 1 < argc) {
       svg = argv[++i];
     } else if (std::strcmp(argv[i], "--bmp") == 0 && i + 1 < argc) {
@@ -213,13 +316,18 @@ int run_tri(int argc, char** argv) {
       return usage_error(kTri);
     }
   }
-  if (!input) return usage_error(kTri);
-  std::vector<Vertex> points;
-  if (!read_points(input, points)) return 1;
+  if (!input || (rings && boundary_given)) return usage_error(kTri);
   Triangulation result;
-  if (!triangulate(points, static_cast<unsigned int>(boundary), result)) {
-    std::fprintf(stderr, "qnutil tri: triangulation failed\n");
-    return 1;
+  if (rings) {
+    Plan plan;
+    if (!read_plan(input, plan) || !triangulate_rings(input, plan, result)) return 1;
+  } else {
+    std::vector<Vertex> points;
+    if (!read_points(input, points)) return 1;
+    if (!triangulate(points, static_cast<unsigned int>(boundary), result)) {
+      std::fprintf(stderr, "qnutil tri: triangulation failed\n");
+      return 1;
+    }
   }
   if (as_json)
     print_triangles_json(result);
@@ -245,8 +353,24 @@ int demo_triangulation(const DemoContext& context) {
   return 0;
 }
 
+// The slab with its openings: rings and a grid of interior points.
+int demo_region(const DemoContext& context) {
+  const std::string input = (context.samples / "floor_plan_rings.txt").string();
+  Plan plan;
+  Triangulation result;
+  if (!read_plan(input, plan) || !triangulate_rings(input, plan, result)) return 1;
+  const std::string svg = (context.output / "floor_plan_openings.svg").string();
+  const std::string bmp = (context.output / "floor_plan_openings.bmp").string();
+  std::printf("%zu rings (outline and openings), %zu points -> %zu triangles, openings empty\n",
+              plan.rings.size(), plan.xy.size() / 2, result.corners.size() / 3);
+  if (!write_drawings(result, svg.c_str(), bmp.c_str())) return 1;
+  std::printf("drawn to %s and %s\n", svg.c_str(), bmp.c_str());
+  return 0;
+}
+
 const RegisterCommand registered{kTri};
 const RegisterDemoStep demo{{60, "polygon triangulation", demo_triangulation}};
+const RegisterDemoStep demo_openings{{61, "floor plan with openings", demo_region}};
 
 }  // namespace
 }  // namespace qnutil_tool

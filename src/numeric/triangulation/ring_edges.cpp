@@ -22,6 +22,9 @@ struct RingEdgeInserter::Exit {
 };
 
 RingEdgeInserter::Exit RingEdgeInserter::leave(VertexId a, VertexId b) const {
+  // Most ring edges are edges already: look for b among a's neighbours
+  // before turning to geometry.
+  if (const Side existing = mesh_.find_side(a, b); existing != kNoSide) return {b, existing};
   const Point& pa = mesh_.point(a);
   const Point& pb = mesh_.point(b);
   const TriangleId first = mesh_.triangle_at(a);
@@ -31,9 +34,8 @@ RingEdgeInserter::Exit RingEdgeInserter::leave(VertexId a, VertexId b) const {
     unsigned k = 0;
     while (triangle.corner[k] != a) ++k;
     const VertexId x = triangle.corner[next_index(k)], y = triangle.corner[previous_index(k)];
-    const int turn = x == b ? 0 : orientation(pa, mesh_.point(x), pb);
-    if (turn == 0 && (x == b || towards(pa, mesh_.point(x), pb)))
-      return {x, side_of(t, previous_index(k))};
+    const int turn = orientation(pa, mesh_.point(x), pb);
+    if (turn == 0 && towards(pa, mesh_.point(x), pb)) return {x, side_of(t, previous_index(k))};
     if (turn > 0 && orientation(pa, mesh_.point(y), pb) < 0) return {kNoVertex, side_of(t, k)};
     t = triangle_of(triangle.across[next_index(k)]);
   } while (t != first);

@@ -162,6 +162,46 @@ TEST(RegionRandomPlans, ConstrainedDelaunayByBruteForce) {
   }
 }
 
+// Small random plans on a 12 x 12 grid, where duplicate points, collinear
+// and overlapping edges, touching and crossing rings are the rule: a plan
+// is refused exactly when two of its ring edges cross away from its points
+// (rings that cross at a point touch there), and otherwise its
+// triangles cover the region once and nothing else.
+TEST(RegionRandomPlans, DegenerateGridPlans) {
+  std::mt19937 generator(99);
+  std::uniform_int_distribution<int> coordinate(0, 12), ring_count(1, 4), ring_size(2, 6);
+  int refused = 0, accepted = 0;
+  for (int round = 0; round < 2000; ++round) {
+    Plan plan;
+    const int count = ring_count(generator);
+    for (int r = 0; r < count; ++r) {
+      // Each ring in a box of its own, so that rings nest and touch as often as they cross.
+      const int x0 = coordinate(generator), y0 = coordinate(generator);
+      std::uniform_int_distribution<int> in_x(x0, x0 + (12 - x0) / 2), in_y(y0, y0 + (12 - y0) / 2);
+      Ring ring;
+      for (int k = ring_size(generator); k > 0; --k) ring.push_back({in_x(generator), in_y(generator)});
+      plan.ring(ring);
+    }
+    for (int k = coordinate(generator); k > 0; --k) plan.point(coordinate(generator), coordinate(generator));
+    const Result result = triangulate(plan);
+    const GridChecks checks(plan, result);
+    SCOPED_TRACE("round " + std::to_string(round));
+    if (checks.rings_cross()) {
+      EXPECT_EQ(result.code, QNUTIL_REGION_CROSSING);
+      ++refused;
+      continue;
+    }
+    ASSERT_EQ(result.code, QNUTIL_REGION_OK);
+    ++accepted;
+    checks.expect_covers_region_once(12, 3);
+    checks.expect_ring_edges_kept();
+    checks.expect_constrained_delaunay();
+    if (::testing::Test::HasFailure()) return;
+  }
+  EXPECT_GT(accepted, 500);
+  EXPECT_GT(refused, 300);
+}
+
 // Near-duplicate points (a millionth apart, far below the grid): exact
 // decisions keep the mesh valid; checked by area and by the ring edges'
 // presence among the triangle edges.
