@@ -37,7 +37,7 @@ QNUTIL_API int QNUTIL_CALL FreeTriangs(void** triangles);
 
 /* Results of TriangulateRegion. */
 #define QNUTIL_REGION_OK 0
-#define QNUTIL_REGION_BAD_ARGUMENT (-1)   /* null pointer, sizes that do not add up, too many points */
+#define QNUTIL_REGION_BAD_ARGUMENT (-1)   /* null pointer, sizes that do not add up, too many points, min_angle out of range */
 #define QNUTIL_REGION_BAD_COORDINATE (-2) /* a coordinate not finite or beyond +-1e30 */
 #define QNUTIL_REGION_CROSSING (-3)       /* two ring edges cross: no region is defined */
 #define QNUTIL_REGION_NO_MEMORY (-4)
@@ -75,16 +75,45 @@ QNUTIL_API int QNUTIL_CALL FreeTriangs(void** triangles);
  *  triangles, three indices into `points` each, counter-clockwise (a merged
  *  point is named by its first occurrence); release it with
  *  FreeRegionTriangles. An empty region gives an empty array. On failure
- *  *triangles is null and *triangle_count 0. At most 100,000,000 points. */
+ *  *triangles is null and *triangle_count 0. At most 100,000,000 points
+ *  (with those refinement adds). */
 QNUTIL_API int QNUTIL_CALL TriangulateRegion(const double* points, unsigned int point_count,
                                              const unsigned int* ring_sizes,
                                              unsigned int ring_count, unsigned int** triangles,
                                              unsigned int* triangle_count,
                                              unsigned int* crossing_point);
 
-/** Releases an array made by TriangulateRegion and sets *triangles to null;
- *  a null pointer (or *triangles null) is accepted. */
+/** TriangulateRegion with quality refinement: while a triangle inside the
+ *  region has an angle below min_angle (degrees, 0 to 34), its
+ *  circumcentre is added, and a ring edge that a vertex sees under more
+ *  than a right angle is split at its midpoint, until no such triangle is
+ *  left or max_added_points have been added. Angles between ring edges
+ *  below the bound cannot be mended: near them triangles are refined only
+ *  down to sides of a millionth of the points' extent. A
+ *  split ring edge stays straight up to the rounding of its midpoint,
+ *  which is used only where it keeps every triangle counter-clockwise.
+ *
+ *  Triangle indices below point_count name the caller's points; index
+ *  point_count + k names added point k, whose (x, y) are
+ *  (*added_points)[2k], [2k + 1]. On QNUTIL_REGION_OK *added_points is a
+ *  new array of *added_count points (also when empty), to be released with
+ *  FreeRegionPoints. min_angle 0 or max_added_points 0 give the result of
+ *  TriangulateRegion. Other results as TriangulateRegion; both output
+ *  pairs are null / 0 on failure. */
+QNUTIL_API int QNUTIL_CALL TriangulateRegionRefined(
+    const double* points, unsigned int point_count, const unsigned int* ring_sizes,
+    unsigned int ring_count, double min_angle, unsigned int max_added_points,
+    unsigned int** triangles, unsigned int* triangle_count, double** added_points,
+    unsigned int* added_count, unsigned int* crossing_point);
+
+/** Releases an array made by TriangulateRegion or TriangulateRegionRefined
+ *  and sets *triangles to null; a null pointer (or *triangles null) is
+ *  accepted. */
 QNUTIL_API void QNUTIL_CALL FreeRegionTriangles(unsigned int** triangles);
+
+/** Releases the added points of TriangulateRegionRefined and sets *points
+ *  to null; a null pointer (or *points null) is accepted. */
+QNUTIL_API void QNUTIL_CALL FreeRegionPoints(double** points);
 
 QNUTIL_EXTERN_C_END
 

@@ -79,6 +79,7 @@ with tempfile.TemporaryDirectory() as scratch:
     open(path("late_ring.plan"), "w").write("ring\n0 0\n1 0\n0 1\npoints\n0.5 0.5\nring\n")
     open(path("huge.plan"), "w").write("ring\n0 0\n1e31 0\n0 1\n")
     open(path("text.plan"), "w").write("ring\n0 0\n1 zero\n")
+    open(path("square.plan"), "w").write("ring\n0 0\n9 0\n9 1\n0 1\n")
 
     cases = [
         (["env", "set", missing, "s", "k", "v"], 1, r"x\.env: folder .*missing does not exist"),
@@ -104,6 +105,11 @@ with tempfile.TemporaryDirectory() as scratch:
         (["tri", "--rings", path("text.plan")], 1, r"text\.plan:3: expected \"x y\""),
         (["tri", "--rings", path("none.plan")], 1, r"cannot open .*none\.plan"),
         (["tri", "--rings", "--boundary", "3", path("bow.plan")], 2, r"usage"),
+        (["tri", "--rings", path("square.plan"), "--min-angle", "40"], 1, r"--min-angle must be 0 to 34"),
+        (["tri", "--rings", path("square.plan"), "--max-added", "5"], 2, r"usage"),
+        (["tri", path("square.plan"), "--min-angle", "20"], 2, r"usage"),
+        (["tri", "--rings", path("square.plan"), "--min-angle", "30", "--max-added", "3"], 0,
+         r"^\d+ triangles, 3 points added"),
     ]
     for args, status, pattern in cases:
         run(args, status, pattern)

@@ -25,7 +25,8 @@ const Command kTri{"tri",
                    "triangulate \"x y\" points (the first N the boundary), or a floor plan of rings "
                    "with openings, and draw the triangles",
                    "tri POINTS [--boundary N] [--svg OUT.svg] [--bmp OUT.bmp] [--json]\n"
-                   "       qnutil tri --rings PLAN [--svg OUT.svg] [--bmp OUT.bmp] [--json]\n"
+                   "       qnutil tri --rings PLAN [--min-angle DEG [--max-added N]] [--svg OUT.svg]\n"
+                   "                  [--bmp OUT.bmp] [--json]\n"
                    "  POINTS: one \"x y\" pair per line; Triangulieren, the first N points the\n"
                    "    boundary polygon.\n"
                    "  PLAN (--rings): a line \"ring\" starts a ring (an outline or an opening:\n"
@@ -33,6 +34,8 @@ const Command kTri{"tri",
                    "    its \"x y\" points, closed back to the first; a line \"points\" starts\n"
                    "    interior points (extra mesh vertices). Triangulated by TriangulateRegion:\n"
                    "    every ring edge kept, openings empty, constrained Delaunay.\n"
+                   "  --min-angle: refine until no triangle has an angle below DEG degrees (up\n"
+                   "    to 34), adding at most N points (default 100000).\n"
                    "  In both, blank lines and lines starting with '#' are skipped.\n"
                    "  --json prints the triangles as an array of three [x, y] corners each",
                    run_tri};
@@ -71,6 +74,7 @@ bool read_points(const std::string& path, std::vector<Vertex>& points) {
 struct Triangulation {
   std::vector<std::vector<Vertex>> rings;  // closed outlines, drawn over the triangles
   std::vector<Vertex> corners;             // three per triangle
+  std::size_t added = 0;                   // points added by refinement
 };
 
 // Maps drawing coordinates onto a canvas of at most `size` pixels, y up.
@@ -232,18 +236,31 @@ bool read_plan(const std::string& path, Plan& plan) {
 
 // Runs the library's region triangulation; false (with a message naming
 // the input line where it can) when it refuses the plan.
-bool triangulate_rings(const std::string& path, const Plan& plan, Triangulation& result) {
+struct Refinement {
+  double min_angle = 0;
+  unsigned long max_added = 100000;
+};
+
+bool triangulate_rings(const std::string& path, const Plan& plan, const Refinement& refinement,
+                       Triangulation& result) {
   const std::size_t point_count = plan.xy.size() / 2;
   const ProgressNote progress(point_count >= kLongRunPoints,
                               "triangulating " + std::to_string(point_count) + " points");
   unsigned int* array = nullptr;
-  unsigned int count = 0, crossing = 0;
-  const int code = TriangulateRegion(plan.xy.data(), static_cast<unsigned int>(point_count),
-                                     plan.rings.data(), static_cast<unsigned int>(plan.rings.size()),
-                                     &array, &count, &crossing);
+  double* added = nullptr;
+  unsigned int count = 0, added_count = 0, crossing = 0;
+  const int code = TriangulateRegionRefined(
+      plan.xy.data(), static_cast<unsigned int>(point_count), plan.rings.data(),
+      static_cast<unsigned int>(plan.rings.size()), refinement.min_angle,
+      static_cast<unsigned int>(refinement.max_added), &array, &count, &added, &added_count,
+      &crossing);
   if (code == QNUTIL_REGION_CROSSING) {
     std::fprintf(stderr, "qnutil tri: %s:%d: the ring edge from this point crosses another ring edge\n",
                  path.c_str(), plan.lines[crossing]);
+    return false;
+  }
+  if (code == QNUTIL_REGION_BAD_ARGUMENT) {
+    std::fprintf(stderr, "qnutil tri: --min-angle must be 0 to 34 and --max-added leave room\n");
     return false;
   }
   if (code == QNUTIL_REGION_BAD_COORDINATE) {
@@ -254,11 +271,15 @@ bool triangulate_rings(const std::string& path, const Plan& plan, Triangulation&
     std::fprintf(stderr, "qnutil tri: triangulation failed (result %d)\n", code);
     return false;
   }
+  // Indices from point_count on name the added points.
   auto vertex = [&](std::size_t i) {
-    return Vertex{static_cast<float>(plan.xy[2 * i]), static_cast<float>(plan.xy[2 * i + 1])};
+    const double* xy = i < point_count ? &plan.xy[2 * i] : added + 2 * (i - point_count);
+    return Vertex{static_cast<float>(xy[0]), static_cast<float>(xy[1])};
   };
   for (std::size_t i = 0; i < 3u * std::size_t{count}; ++i) result.corners.push_back(vertex(array[i]));
   FreeRegionTriangles(&array);
+  FreeRegionPoints(&added);
+  result.added = added_count;
   std::size_t start = 0;
   for (const unsigned int size : plan.rings) {
     auto& ring = result.rings.emplace_back();
@@ -296,7 +317,8 @@ int run_tri(int argc, char** argv) {
   const char* input = nullptr;
   const char* svg = nullptr;
   const char* bmp = nullptr;
-  bool rings = false, boundary_given = false;
+  bool rings = false, boundary_given = false, refining = false, capped = false;
+  Refinement refinement;
   unsigned long boundary = 0;
   for (int i = 1; i < argc; ++i) {
     if (std::strcmp(argv[i], "--boundary") == 0 && i + 1 < argc) {
@@ -306,6 +328,17 @@ int run_tri(int argc, char** argv) {
       boundary_given = true;
     } else if (std::strcmp(argv[i], "--rings") == 0) {
       rings = true;
+    } else if (std::strcmp(argv[i], "--min-angle") == 0 && i + 1 < argc) {
+      char* end = nullptr;
+      refinement.min_angle = std::strtod(argv[++i], &end);
+      if (*end != '\0' || argv[i][0] == '\0') return usage_error(kTri);
+      refining = true;
+    } else if (std::strcmp(argv[i], "--max-added") == 0 && i + 1 < argc) {
+      char* end = nullptr;
+      refinement.max_added = std::strtoul(argv[++i], &end, 10);
+      if (*end != '\0' || argv[i][0] == '-' || refinement.max_added > 0xFFFFFFFFul)
+        return usage_error(kTri);
+      capped = true;
     } else if (std::strcmp(argv[i], "--svg") == 0 && i + 1 < argc) {
       svg = argv[++i];
     } else if (std::strcmp(argv[i], "--bmp") == 0 && i + 1 < argc) {
@@ -316,11 +349,12 @@ int run_tri(int argc, char** argv) {
       return usage_error(kTri);
     }
   }
-  if (!input || (rings && boundary_given)) return usage_error(kTri);
+  if (!input || (rings && boundary_given) || (refining && !rings) || (capped && !refining))
+    return usage_error(kTri);
   Triangulation result;
   if (rings) {
     Plan plan;
-    if (!read_plan(input, plan) || !triangulate_rings(input, plan, result)) return 1;
+    if (!read_plan(input, plan) || !triangulate_rings(input, plan, refinement, result)) return 1;
   } else {
     std::vector<Vertex> points;
     if (!read_points(input, points)) return 1;
@@ -332,7 +366,8 @@ int run_tri(int argc, char** argv) {
   if (as_json)
     print_triangles_json(result);
   else
-    std::printf("%zu triangles\n", result.corners.size() / 3);
+    std::printf("%zu triangles%s\n", result.corners.size() / 3,
+                refining ? (", " + std::to_string(result.added) + " points added").c_str() : "");
   return write_drawings(result, svg, bmp) ? 0 : 1;
 }
 
@@ -358,13 +393,27 @@ int demo_region(const DemoContext& context) {
   const std::string input = (context.samples / "floor_plan_rings.txt").string();
   Plan plan;
   Triangulation result;
-  if (!read_plan(input, plan) || !triangulate_rings(input, plan, result)) return 1;
+  if (!read_plan(input, plan) || !triangulate_rings(input, plan, Refinement{}, result)) return 1;
   const std::string svg = (context.output / "floor_plan_openings.svg").string();
   const std::string bmp = (context.output / "floor_plan_openings.bmp").string();
   std::printf("%zu rings (outline and openings), %zu points -> %zu triangles, openings empty\n",
               plan.rings.size(), plan.xy.size() / 2, result.corners.size() / 3);
   if (!write_drawings(result, svg.c_str(), bmp.c_str())) return 1;
   std::printf("drawn to %s and %s\n", svg.c_str(), bmp.c_str());
+
+  // The same slab refined to angles of 28 degrees or more, without the grid.
+  constexpr double kDemoAngle = 28;
+  Plan rings_only = plan;
+  std::size_t ring_points = 0;
+  for (const unsigned int size : plan.rings) ring_points += size;
+  rings_only.xy.resize(2 * ring_points);
+  Triangulation refined;
+  if (!triangulate_rings(input, rings_only, Refinement{kDemoAngle}, refined)) return 1;
+  const std::string refined_svg = (context.output / "floor_plan_openings_refined.svg").string();
+  std::printf("refined to angles of %g degrees or more: %zu points added -> %zu triangles\n",
+              kDemoAngle, refined.added, refined.corners.size() / 3);
+  if (!write_drawings(refined, refined_svg.c_str(), nullptr)) return 1;
+  std::printf("drawn to %s\n", refined_svg.c_str());
   return 0;
 }
 

@@ -31,8 +31,9 @@ void append_enclosing_corners(std::vector<Point>& points) {
 
 }  // namespace
 
-RegionMesh::RegionMesh(std::vector<Point> points) : points_(std::move(points)) {
-  const auto n = static_cast<VertexId>(points_.size());
+RegionMesh::RegionMesh(std::vector<Point> points)
+    : points_(std::move(points)), input_count_(static_cast<VertexId>(points_.size())) {
+  const VertexId n = input_count_;
   append_enclosing_corners(points_);
   // Every insertion adds two triangles to the enclosing one.
   triangles_.reserve(2 * std::size_t{n} + 1);
@@ -104,68 +105,90 @@ void RegionMesh::fan(VertexId v, const VertexId* ring, const Side* outer,
 }
 
 VertexId RegionMesh::insert(VertexId v) {
+  return insert_into(v, locate(points_[v], triangle_at_[last_inserted_]));
+}
+
+VertexId RegionMesh::add_point(const Point& p) {
+  points_.push_back(p);
+  triangle_at_.push_back(0);
+  return static_cast<VertexId>(points_.size() - 1);
+}
+
+void RegionMesh::drop_last_point() {
+  points_.pop_back();
+  triangle_at_.pop_back();
+}
+
+VertexId RegionMesh::insert_into(VertexId v, TriangleId t) {
   const Point p = points_[v];
-  const TriangleId t = locate(p, triangle_at_[last_inserted_]);
-  const MeshTriangle triangle = triangles_[t];
+  const MeshTriangle& triangle = triangles_[t];
   for (const VertexId c : triangle.corner)
     if (points_[c].x == p.x && points_[c].y == p.y) return c;
-
-  unsigned on_side = 3;
   for (unsigned i = 0; i < 3; ++i)
     if (orientation(points_[triangle.corner[next_index(i)]],
-                    points_[triangle.corner[previous_index(i)]], p) == 0)
-      on_side = i;
-
-  TriangleId slots[4];
-  unsigned count;
-  if (on_side == 3) {
-    // Inside: three triangles, each over one side (the side facing the
-    // corner two steps on runs from corner k to corner k + 1).
-    count = 3;
-    VertexId ring[3];
-    Side outer[3];
-    std::uint8_t outer_flags[3];
-    const std::uint8_t spokes[3] = {0, 0, 0};
-    for (unsigned k = 0; k < 3; ++k) {
-      const Side s = side_of(t, previous_index(k));
-      ring[k] = triangle.corner[k];
-      outer[k] = triangle.across[previous_index(k)];
-      outer_flags[k] = flags_[s];
+                    points_[triangle.corner[previous_index(i)]], p) == 0) {
+      split_side(v, side_of(t, i));
+      return v;
     }
-    slots[0] = t;
-    slots[1] = new_triangle();
-    slots[2] = new_triangle();
-    fan(v, ring, outer, outer_flags, spokes, slots, count);
-  } else {
-    // On the side from x to y: four triangles around v, over the
-    // quadrilateral a, x, q, y of the side's two triangles. The halves of
-    // the split edge keep its flags.
-    count = 4;
-    const unsigned i = on_side;
-    const Side s = side_of(t, i);
-    const Side o = triangle.across[i];
-    const TriangleId u = triangle_of(o);
-    const unsigned j = index_of(o);
-    const MeshTriangle other = triangles_[u];
-    const VertexId ring[4] = {triangle.corner[i], triangle.corner[next_index(i)], other.corner[j],
-                              triangle.corner[previous_index(i)]};
-    const Side outer[4] = {triangle.across[previous_index(i)], other.across[next_index(j)],
-                           other.across[previous_index(j)], triangle.across[next_index(i)]};
-    const std::uint8_t outer_flags[4] = {
-        flags_[side_of(t, previous_index(i))], flags_[side_of(u, next_index(j))],
-        flags_[side_of(u, previous_index(j))], flags_[side_of(t, next_index(i))]};
-    const std::uint8_t spokes[4] = {flags_[s], 0, flags_[s], 0};
-    slots[0] = t;
-    slots[1] = u;
-    slots[2] = new_triangle();
-    slots[3] = new_triangle();
-    fan(v, ring, outer, outer_flags, spokes, slots, count);
+  split_triangle(v, t);
+  return v;
+}
+
+// Inside: three triangles, each over one side (the side facing the corner
+// two steps on runs from corner k to corner k + 1).
+void RegionMesh::split_triangle(VertexId v, TriangleId t) {
+  const MeshTriangle triangle = triangles_[t];
+  const bool region = inside(t);
+  VertexId ring[3];
+  Side outer[3];
+  std::uint8_t outer_flags[3];
+  const std::uint8_t spokes[3] = {0, 0, 0};
+  for (unsigned k = 0; k < 3; ++k) {
+    ring[k] = triangle.corner[k];
+    outer[k] = triangle.across[previous_index(k)];
+    outer_flags[k] = flags_[side_of(t, previous_index(k))];
   }
+  const TriangleId slots[3] = {t, new_triangle(), new_triangle()};
+  fan(v, ring, outer, outer_flags, spokes, slots, 3);
   pending_.clear();
-  for (unsigned k = 0; k < count; ++k) pending_.push_back(side_of(slots[k], 0));
+  for (const TriangleId slot : slots) {
+    set_inside(slot, region);
+    pending_.push_back(side_of(slot, 0));
+  }
   legalize_around(pending_);
   last_inserted_ = v;
-  return v;
+}
+
+// Four triangles around v over the quadrilateral a, x, q, y of the side's
+// two triangles; the halves of the split edge keep its flags, and each new
+// triangle stays on its side of the edge.
+void RegionMesh::split_side(VertexId v, Side s) {
+  const TriangleId t = triangle_of(s);
+  const unsigned i = index_of(s);
+  const MeshTriangle triangle = triangles_[t];
+  const Side o = triangle.across[i];
+  const TriangleId u = triangle_of(o);
+  const unsigned j = index_of(o);
+  const MeshTriangle other = triangles_[u];
+  const bool near_inside = inside(t), far_inside = inside(u);
+  const VertexId ring[4] = {triangle.corner[i], triangle.corner[next_index(i)], other.corner[j],
+                            triangle.corner[previous_index(i)]};
+  const Side outer[4] = {triangle.across[previous_index(i)], other.across[next_index(j)],
+                         other.across[previous_index(j)], triangle.across[next_index(i)]};
+  const std::uint8_t outer_flags[4] = {
+      flags_[side_of(t, previous_index(i))], flags_[side_of(u, next_index(j))],
+      flags_[side_of(u, previous_index(j))], flags_[side_of(t, next_index(i))]};
+  const std::uint8_t spokes[4] = {flags_[s], 0, flags_[s], 0};
+  const TriangleId slots[4] = {t, u, new_triangle(), new_triangle()};
+  fan(v, ring, outer, outer_flags, spokes, slots, 4);
+  const bool slot_inside[4] = {near_inside, far_inside, far_inside, near_inside};
+  pending_.clear();
+  for (unsigned k = 0; k < 4; ++k) {
+    set_inside(slots[k], slot_inside[k]);
+    pending_.push_back(side_of(slots[k], 0));
+  }
+  legalize_around(pending_);
+  last_inserted_ = v;
 }
 
 // Lawson's flips around a new vertex, which is corner 0 of every pending
@@ -219,8 +242,8 @@ void RegionMesh::flip(Side s) {
 Side RegionMesh::find_side(VertexId from, VertexId to) const {
   // Around an enclosing corner the triangles do not close into a ring:
   // look from the other end then.
-  if (from >= input_count()) {
-    if (to >= input_count()) return kNoSide;
+  if (is_enclosing(from)) {
+    if (is_enclosing(to)) return kNoSide;
     const Side reverse = find_side(to, from);
     return reverse == kNoSide ? kNoSide : across(reverse);
   }

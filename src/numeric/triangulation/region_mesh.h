@@ -3,8 +3,10 @@
 // that a mesh of a million vertices stays near 100 bytes per vertex.
 // Vertices are the caller's points, named by their index; three more
 // points after them are the corners of a triangle that encloses all the
-// others, so that every point falls inside the mesh while it is built.
-// Sides are named triangle * 4 + the index of the corner they face.
+// others, so that every point falls inside the mesh while it is built;
+// points added by refinement follow those. Sides are named triangle * 4 +
+// the index of the corner they face; the fourth flag byte of a triangle
+// says whether it lies inside the region.
 #pragma once
 
 #include <cstddef>
@@ -42,7 +44,11 @@ class RegionMesh {
   // `points` are the vertices; the enclosing corners are appended to them.
   explicit RegionMesh(std::vector<Point> points);
 
-  std::size_t input_count() const { return points_.size() - 3; }
+  VertexId input_count() const { return input_count_; }
+  bool is_enclosing(VertexId v) const { return v >= input_count_ && v < input_count_ + 3; }
+  // Points added after the enclosing corners, first to last.
+  const Point* added_points() const { return points_.data() + input_count_ + 3; }
+  std::size_t added_count() const { return points_.size() - input_count_ - 3; }
   const Point& point(VertexId v) const { return points_[v]; }
   const std::vector<MeshTriangle>& triangles() const { return triangles_; }
   std::uint8_t flags(Side s) const { return flags_[s]; }
@@ -58,9 +64,21 @@ class RegionMesh {
   // A triangle that has v as a corner (v inserted).
   TriangleId triangle_at(VertexId v) const { return triangle_at_[v]; }
 
+  bool inside(TriangleId t) const { return flags_[side_of(t, 3)] != 0; }
+  void set_inside(TriangleId t, bool inside) { flags_[side_of(t, 3)] = inside; }
+
   // Inserts v, keeping the mesh Delaunay; when a vertex already stands at
   // v's point, nothing is inserted and that vertex is returned.
   VertexId insert(VertexId v);
+  // The same, with v known to lie in or on triangle t; constrained edges
+  // are split where v lies on them and never flipped.
+  VertexId insert_into(VertexId v, TriangleId t);
+  // Splits the side's edge at v (which the caller has checked leaves all
+  // four triangles counter-clockwise), keeping the halves' flags.
+  void split_side(VertexId v, Side s);
+  // A new point, not yet inserted; drop_last_point takes it back.
+  VertexId add_point(const Point& p);
+  void drop_last_point();
 
   // The side running from `from` to `to`, or kNoSide when there is no such edge.
   Side find_side(VertexId from, VertexId to) const;
@@ -76,6 +94,7 @@ class RegionMesh {
 
  private:
   TriangleId locate(const Point& p, TriangleId start) const;
+  void split_triangle(VertexId v, TriangleId t);
   void link(Side a, Side b);
   void set_outer(Side s, Side outer, std::uint8_t flags);
   // Replaces the triangles `slots` (as many as `ring` has vertices) by a
@@ -90,6 +109,7 @@ class RegionMesh {
   std::vector<std::uint8_t> flags_;  // four per triangle, the fourth unused
   std::vector<TriangleId> triangle_at_;
   std::vector<Side> pending_;
+  VertexId input_count_;
   VertexId last_inserted_;
 };
 

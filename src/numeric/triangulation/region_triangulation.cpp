@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "numeric/triangulation/region_mesh.h"
+#include "numeric/triangulation/region_refinement.h"
 #include "numeric/triangulation/ring_edges.h"
 #include "numeric/triangulation/spatial_order.h"
 #include "qnutil/triangulate.h"
@@ -13,7 +14,9 @@
 namespace qnutil::triangulation::region {
 namespace {
 
-constexpr std::uint32_t kMostPoints = 100000000;
+constexpr std::uint32_t kMostPoints = 100000000;  // points and added points together
+// Beyond about 34 degrees refinement no longer ends before its cap.
+constexpr double kLargestMinAngle = 34;
 // Magnitudes within [kSmallest, kLargest] keep every product the exact
 // predicates form (up to the fourth power of a coordinate difference) clear
 // of overflow and underflow; smaller ones are taken as 0.
@@ -35,58 +38,59 @@ bool read_points(const RegionInput& input, std::vector<Point>& points) {
 
 // Crossing the rings an odd number of times leads from outside in: a walk
 // over the triangles from one at an enclosing corner tells each one's side.
-std::vector<std::uint32_t> inside_triangles(const RegionMesh& mesh) {
+void mark_inside(RegionMesh& mesh) {
   const auto& triangles = mesh.triangles();
-  enum : std::uint8_t { kUnknown, kOutside, kInside };
-  std::vector<std::uint8_t> state(triangles.size(), kUnknown);
-  std::vector<TriangleId> pending{mesh.triangle_at(static_cast<VertexId>(mesh.input_count()))};
-  state[pending.back()] = kOutside;
-  std::size_t inside = 0;
+  std::vector<bool> seen(triangles.size());
+  std::vector<TriangleId> pending{mesh.triangle_at(mesh.input_count())};
+  seen[pending.back()] = true;
   while (!pending.empty()) {
     const TriangleId t = pending.back();
     pending.pop_back();
     for (unsigned i = 0; i < 3; ++i) {
       const Side beyond = triangles[t].across[i];
-      if (beyond == kNoSide || state[triangle_of(beyond)] != kUnknown) continue;
+      if (beyond == kNoSide || seen[triangle_of(beyond)]) continue;
       const bool flips = (mesh.flags(side_of(t, i)) & kOddCrossing) != 0;
-      state[triangle_of(beyond)] = (state[t] == kInside) != flips ? kInside : kOutside;
-      inside += state[triangle_of(beyond)] == kInside;
+      mesh.set_inside(triangle_of(beyond), mesh.inside(t) != flips);
+      seen[triangle_of(beyond)] = true;
       pending.push_back(triangle_of(beyond));
     }
   }
-  std::vector<std::uint32_t> corners;
-  corners.reserve(3 * inside);
-  for (std::size_t t = 0; t < triangles.size(); ++t)
-    if (state[t] == kInside) corners.insert(corners.end(), triangles[t].corner, triangles[t].corner + 3);
-  return corners;
 }
 
-// The insertion order is random in part, so a repeated point may have been
-// inserted before its first occurrence: the caller sees each vertex under
-// the lowest index of the points at its position.
-void name_by_first_occurrence(const std::vector<VertexId>& vertex_of,
-                              std::vector<std::uint32_t>& corners) {
-  std::vector<VertexId> name;
-  for (VertexId i = 0; i < vertex_of.size(); ++i) {
-    const VertexId v = vertex_of[i];
-    if (v == i) continue;
-    if (name.empty()) {
-      name.resize(vertex_of.size());
-      for (VertexId k = 0; k < name.size(); ++k) name[k] = k;
-    }
-    name[v] = std::min(name[v], i);
+// The caller's names of the vertices: the points' own indices (a repeated
+// point by its first occurrence: the insertion order is random in part, so
+// it may have been inserted after a repetition), then the added points.
+std::vector<std::uint32_t> caller_names(const RegionMesh& mesh,
+                                        const std::vector<VertexId>& vertex_of) {
+  std::vector<std::uint32_t> name(mesh.input_count() + 3 + mesh.added_count());
+  for (VertexId v = 0; v < mesh.input_count(); ++v) name[v] = v;
+  for (VertexId i = 0; i < vertex_of.size(); ++i) name[vertex_of[i]] = std::min(name[vertex_of[i]], i);
+  for (std::size_t k = 0; k < mesh.added_count(); ++k)
+    name[mesh.input_count() + 3 + k] = static_cast<std::uint32_t>(mesh.input_count() + k);
+  return name;
+}
+
+void collect(const RegionMesh& mesh, const std::vector<VertexId>& vertex_of, RegionResult& result) {
+  const std::vector<std::uint32_t> name = caller_names(mesh, vertex_of);
+  const auto& triangles = mesh.triangles();
+  for (TriangleId t = 0; t < triangles.size(); ++t)
+    if (mesh.inside(t))
+      for (const VertexId corner : triangles[t].corner) result.triangles.push_back(name[corner]);
+  for (std::size_t k = 0; k < mesh.added_count(); ++k) {
+    result.added.push_back(mesh.added_points()[k].x);
+    result.added.push_back(mesh.added_points()[k].y);
   }
-  if (name.empty()) return;
-  for (std::uint32_t& corner : corners) corner = name[corner];
 }
 
 }  // namespace
 
 RegionResult triangulate_region(const RegionInput& input) {
-  RegionResult result{QNUTIL_REGION_OK, {}, 0};
+  RegionResult result{QNUTIL_REGION_OK, {}, {}, 0};
   std::uint64_t ring_points = 0;
   for (std::uint32_t r = 0; r < input.ring_count; ++r) ring_points += input.ring_sizes[r];
-  if (input.point_count > kMostPoints || ring_points > input.point_count) {
+  if (input.point_count > kMostPoints || ring_points > input.point_count ||
+      !(input.min_angle_degrees >= 0 && input.min_angle_degrees <= kLargestMinAngle) ||
+      input.max_added > kMostPoints - input.point_count) {
     result.code = QNUTIL_REGION_BAD_ARGUMENT;
     return result;
   }
@@ -118,8 +122,9 @@ RegionResult triangulate_region(const RegionInput& input) {
     }
     ring_start += size;
   }
-  result.triangles = inside_triangles(mesh);
-  name_by_first_occurrence(vertex_of, result.triangles);
+  mark_inside(mesh);
+  refine(mesh, {input.min_angle_degrees, input.max_added});
+  collect(mesh, vertex_of, result);
   return result;
 }
 

@@ -1,0 +1,247 @@
+#include "numeric/triangulation/region_refinement.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace qnutil::triangulation::region {
+namespace {
+
+constexpr double kPi = 3.14159265358979323846;
+// A walk towards a circumcentre that takes longer than this has lost its
+// way in a region of skinny triangles: that triangle is left as it is.
+constexpr int kLongestWalk = 100000;
+// Near a small angle between ring edges refinement would go on shrinking
+// triangles towards the corner without end: sides shorter than this share
+// of the plan's extent are neither refined nor split.
+constexpr double kSmallestFeature = 1e-6;
+
+double input_extent(const RegionMesh& mesh) {
+  double min_x = 0, max_x = 0, min_y = 0, max_y = 0;
+  for (VertexId v = 0; v < mesh.input_count(); ++v) {
+    const Point& p = mesh.point(v);
+    if (v == 0) min_x = max_x = p.x, min_y = max_y = p.y;
+    min_x = std::min(min_x, p.x), max_x = std::max(max_x, p.x);
+    min_y = std::min(min_y, p.y), max_y = std::max(max_y, p.y);
+  }
+  return std::max(max_x - min_x, max_y - min_y);
+}
+
+using Edge = std::pair<VertexId, VertexId>;
+
+class Refinement {
+ public:
+  Refinement(RegionMesh& mesh, const RefinementLimits& limits)
+      : mesh_(mesh),
+        smallest_sine_(std::sin(limits.min_angle_degrees * kPi / 180)),
+        shortest_mended_(kSmallestFeature * input_extent(mesh)),
+        room_(limits.max_added) {}
+
+  void run() {
+    for (TriangleId t = 0; t < mesh_.triangles().size(); ++t)
+      if (mesh_.inside(t)) queue_constrained_sides(t);
+    split_encroached();
+    // Passes over the bad triangles, until a pass changes nothing.
+    bool changed = true;
+    while (changed && room_ > 0) {
+      changed = false;
+      std::vector<std::array<VertexId, 3>> bad;
+      for (TriangleId t = 0; t < mesh_.triangles().size(); ++t)
+        if (mesh_.inside(t) && is_bad(mesh_.triangles()[t].corner)) {
+          const auto& c = mesh_.triangles()[t].corner;
+          bad.push_back({c[0], c[1], c[2]});
+        }
+      for (const auto& corners : bad) {
+        if (room_ == 0) break;
+        // Earlier insertions may have replaced it.
+        const Side s = mesh_.find_side(corners[0], corners[1]);
+        if (s == kNoSide || mesh_.corner(s) != corners[2]) continue;
+        changed = mend(triangle_of(s)) || changed;
+      }
+    }
+  }
+
+ private:
+  // Whether the triangle's smallest angle is below the bound: its sine is
+  // twice the area over the product of the two longer sides.
+  bool is_bad(const VertexId (&corners)[3]) const {
+    const Point &a = mesh_.point(corners[0]), &b = mesh_.point(corners[1]),
+                &c = mesh_.point(corners[2]);
+    std::array<double, 3> lengths = {std::hypot(b.x - c.x, b.y - c.y), std::hypot(c.x - a.x, c.y - a.y),
+                                     std::hypot(a.x - b.x, a.y - b.y)};
+    std::sort(lengths.begin(), lengths.end());
+    if (lengths[0] < shortest_mended_) return false;
+    const double twice_area = (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+    return twice_area < smallest_sine_ * lengths[1] * lengths[2];
+  }
+
+  void queue_constrained_sides(TriangleId t) {
+    for (unsigned i = 0; i < 3; ++i) {
+      const Side s = side_of(t, i);
+      if ((mesh_.flags(s) & kConstrained) != 0) segments_.emplace_back(mesh_.origin(s), mesh_.destination(s));
+    }
+  }
+
+  // A vertex of an inside triangle at the edge sees it under more than a
+  // right angle: it lies inside the edge's diametral circle.
+  bool encroached(Side s) const {
+    for (const Side half : {s, mesh_.across(s)}) {
+      if (half == kNoSide || !mesh_.inside(triangle_of(half))) continue;
+      const Point &p = mesh_.point(mesh_.corner(half)), &x = mesh_.point(mesh_.origin(half)),
+                  &y = mesh_.point(mesh_.destination(half));
+      if ((x.x - p.x) * (y.x - p.x) + (x.y - p.y) * (y.y - p.y) < 0) return true;
+    }
+    return false;
+  }
+
+  void split_encroached() {
+    while (!segments_.empty() && room_ > 0) {
+      const auto [x, y] = segments_.back();
+      segments_.pop_back();
+      const Side s = mesh_.find_side(x, y);
+      if (s == kNoSide || (mesh_.flags(s) & kConstrained) == 0 || !encroached(s)) continue;
+      split_segment(s);
+    }
+  }
+
+  // Splits a ring edge at its midpoint. The midpoint is rounded; it is
+  // taken only when the four triangles around it still turn
+  // counter-clockwise, so the edge bends by a rounding error at most.
+  bool split_segment(Side s) {
+    const VertexId x = mesh_.origin(s), y = mesh_.destination(s);
+    const Point &px = mesh_.point(x), &py = mesh_.point(y);
+    if (std::hypot(px.x - py.x, px.y - py.y) < 2 * shortest_mended_) return false;
+    const Point middle{0.5 * (px.x + py.x), 0.5 * (px.y + py.y)};
+    const Point& near_apex = mesh_.point(mesh_.corner(s));
+    const Point& far_apex = mesh_.point(mesh_.corner(mesh_.across(s)));
+    if (orientation(middle, near_apex, px) <= 0 || orientation(middle, px, far_apex) <= 0 ||
+        orientation(middle, far_apex, py) <= 0 || orientation(middle, py, near_apex) <= 0)
+      return false;
+    const VertexId m = mesh_.add_point(middle);
+    mesh_.split_side(m, s);
+    --room_;
+    segments_.emplace_back(x, m);
+    segments_.emplace_back(m, y);
+    queue_around(m);
+    return true;
+  }
+
+  // The ring edges facing v in the triangles around it, to be checked for
+  // encroachment by v.
+  void queue_around(VertexId v) {
+    const TriangleId first = mesh_.triangle_at(v);
+    TriangleId t = first;
+    do {
+      const MeshTriangle& triangle = mesh_.triangles()[t];
+      unsigned k = 0;
+      while (triangle.corner[k] != v) ++k;
+      const Side opposite = side_of(t, k);
+      if ((mesh_.flags(opposite) & kConstrained) != 0)
+        segments_.emplace_back(mesh_.origin(opposite), mesh_.destination(opposite));
+      const Side next = triangle.across[next_index(k)];
+      if (next == kNoSide) break;
+      t = triangle_of(next);
+    } while (t != first);
+  }
+
+  // Inserts the circumcentre of bad triangle t, or splits the ring edge
+  // that lies between t and it. Returns whether the mesh changed.
+  bool mend(TriangleId t) {
+    const MeshTriangle& triangle = mesh_.triangles()[t];
+    const Point &a = mesh_.point(triangle.corner[0]), &b = mesh_.point(triangle.corner[1]),
+                &c = mesh_.point(triangle.corner[2]);
+    const double bx = b.x - a.x, by = b.y - a.y, cx = c.x - a.x, cy = c.y - a.y;
+    const double d = 2 * (bx * cy - by * cx);
+    const double b_lift = bx * bx + by * by, c_lift = cx * cx + cy * cy;
+    const Point centre{a.x + (cy * b_lift - by * c_lift) / d, a.y + (bx * c_lift - cx * b_lift) / d};
+    if (!std::isfinite(centre.x) || !std::isfinite(centre.y)) return false;
+
+    // Walk towards the centre; a ring edge on the way is split instead.
+    TriangleId at = t;
+    for (int step = 0;; ++step) {
+      if (step == kLongestWalk) return false;
+      const MeshTriangle& here = mesh_.triangles()[at];
+      Side beyond = kNoSide;
+      for (unsigned i = 0; i < 3 && beyond == kNoSide; ++i)
+        if (orientation(mesh_.point(here.corner[next_index(i)]),
+                        mesh_.point(here.corner[previous_index(i)]), centre) < 0)
+          beyond = side_of(at, i);
+      if (beyond == kNoSide) break;
+      if ((mesh_.flags(beyond) & kConstrained) != 0) return split_segment(beyond);
+      at = triangle_of(mesh_.across(beyond));
+    }
+    if (!mesh_.inside(at)) return false;
+    // A centre that would encroach on ring edges is not inserted: the
+    // edges are split instead (else it would sit close to an edge and
+    // breed ever smaller triangles there).
+    const std::vector<Edge> encroached_edges = edges_encroached_by(centre, at);
+    if (!encroached_edges.empty()) {
+      bool split = false;
+      for (const auto& [x, y] : encroached_edges) {
+        if (room_ == 0) break;
+        const Side s = mesh_.find_side(x, y);
+        if (s != kNoSide) split = split_segment(s) || split;
+      }
+      split_encroached();
+      return split;
+    }
+    const VertexId v = mesh_.add_point(centre);
+    if (mesh_.insert_into(v, at) != v) {
+      mesh_.drop_last_point();
+      return false;
+    }
+    --room_;
+    return true;
+  }
+
+  // The ring edges on the border of the triangles whose circumcircles hold
+  // p (the triangles p's insertion would replace), starting from the one
+  // that holds p, that have p inside their diametral circle.
+  std::vector<Edge> edges_encroached_by(const Point& p, TriangleId start) {
+    std::vector<Edge> found;
+    cavity_.assign(1, start);
+    visited_.assign(1, start);
+    while (!cavity_.empty()) {
+      const TriangleId t = cavity_.back();
+      cavity_.pop_back();
+      for (unsigned i = 0; i < 3; ++i) {
+        const Side s = side_of(t, i);
+        const Point &x = mesh_.point(mesh_.origin(s)), &y = mesh_.point(mesh_.destination(s));
+        if ((mesh_.flags(s) & kConstrained) != 0) {
+          if ((x.x - p.x) * (y.x - p.x) + (x.y - p.y) * (y.y - p.y) < 0)
+            found.emplace_back(mesh_.origin(s), mesh_.destination(s));
+          continue;
+        }
+        const Side beyond = mesh_.across(s);
+        if (beyond == kNoSide) continue;
+        const TriangleId u = triangle_of(beyond);
+        if (std::find(visited_.begin(), visited_.end(), u) != visited_.end()) continue;
+        const MeshTriangle& other = mesh_.triangles()[u];
+        if (in_circle(mesh_.point(other.corner[0]), mesh_.point(other.corner[1]),
+                      mesh_.point(other.corner[2]), p) > 0) {
+          visited_.push_back(u);
+          cavity_.push_back(u);
+        }
+      }
+    }
+    return found;
+  }
+
+  RegionMesh& mesh_;
+  const double smallest_sine_;
+  const double shortest_mended_;
+  std::uint32_t room_;
+  std::vector<Edge> segments_;
+  std::vector<TriangleId> cavity_, visited_;
+};
+
+}  // namespace
+
+void refine(RegionMesh& mesh, const RefinementLimits& limits) {
+  if (limits.min_angle_degrees <= 0 || limits.max_added == 0) return;
+  Refinement(mesh, limits).run();
+}
+
+}  // namespace qnutil::triangulation::region
