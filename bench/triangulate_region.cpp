@@ -1,8 +1,8 @@
 // TriangulateRegion on large floor plans, measured in the same run beside
 // CGAL's constrained Delaunay triangulation (exact predicates, the points
 // and ring edges inserted in one bulk call, the inside found by the same
-// even-odd walk over the faces): a wavy outline of a million vertices, and
-// a plan with 10,000 openings. Heap use is counted by replacing the global
+// even-odd walk over the faces): outlines of a million vertices (jittered
+// and smooth), and a plan with 10,000 openings. Heap use is counted by replacing the global
 // allocation functions, so both sides are measured alike (peak bytes above
 // the input, per vertex).
 #include <benchmark/benchmark.h>
@@ -72,13 +72,16 @@ void add_ring(Plan& plan, const std::vector<std::pair<double, double>>& ring) {
   plan.rings.push_back(static_cast<unsigned int>(ring.size()));
 }
 
-// A star-shaped outline whose radius waves and jitters from vertex to
-// vertex by a few spacings, so that many of its edges are not Delaunay
-// edges of its vertices and have to be forced in.
-Plan wavy_outline(int vertices) {
+// A star-shaped outline whose radius waves and (with a jitter of a few
+// vertex spacings) jitters from vertex to vertex, so that many of its
+// edges are not Delaunay edges of its vertices and have to be forced in.
+// Without jitter it is a smooth curve sampled in order, the case that
+// punishes a purely spatial insertion order.
+Plan wavy_outline(int vertices, double jitter_spacings) {
   std::mt19937 generator(7);
   const double spacing = 2 * kPi * 1000 / vertices;
-  std::uniform_real_distribution<double> jitter(-2 * spacing, 2 * spacing);
+  std::uniform_real_distribution<double> jitter(-jitter_spacings * spacing,
+                                                jitter_spacings * spacing);
   std::vector<std::pair<double, double>> ring;
   for (int i = 0; i < vertices; ++i) {
     const double angle = 2 * kPi * i / vertices;
@@ -115,7 +118,11 @@ Plan floor_with_openings() {
 }
 
 const Plan& million_outline() {
-  static const Plan plan = wavy_outline(1000000);
+  static const Plan plan = wavy_outline(1000000, 2);
+  return plan;
+}
+const Plan& million_smooth_outline() {
+  static const Plan plan = wavy_outline(1000000, 0);
   return plan;
 }
 const Plan& ten_thousand_openings() {
@@ -201,6 +208,12 @@ void BM_Cgal(benchmark::State& state, const Plan& (*input)()) {
 
 BENCHMARK_CAPTURE(BM_QnUtil, outline_1M, million_outline)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK_CAPTURE(BM_Cgal, outline_1M, million_outline)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK_CAPTURE(BM_QnUtil, smooth_outline_1M, million_smooth_outline)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
+BENCHMARK_CAPTURE(BM_Cgal, smooth_outline_1M, million_smooth_outline)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 BENCHMARK_CAPTURE(BM_QnUtil, openings_10k, ten_thousand_openings)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(5);
