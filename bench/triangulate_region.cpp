@@ -164,12 +164,13 @@ using FaceBase = CGAL::Constrained_triangulation_face_base_2<
 using DataStructure =
     CGAL::Triangulation_data_structure_2<CGAL::Triangulation_vertex_base_2<Kernel>, FaceBase>;
 using Cdt = CGAL::Constrained_Delaunay_triangulation_2<Kernel, DataStructure,
-                                                        CGAL::No_constraint_intersection_tag>;
+                                                       CGAL::No_constraint_intersection_tag>;
 
 void BM_Cgal(benchmark::State& state, const Plan& (*input)()) {
   const Plan& plan = input();
   std::vector<Kernel::Point_2> points;
-  for (std::size_t i = 0; i < plan.xy.size(); i += 2) points.emplace_back(plan.xy[i], plan.xy[i + 1]);
+  for (std::size_t i = 0; i < plan.xy.size(); i += 2)
+    points.emplace_back(plan.xy[i], plan.xy[i + 1]);
   std::vector<std::pair<std::size_t, std::size_t>> edges;
   std::size_t start = 0;
   for (const unsigned int size : plan.rings) {
@@ -206,8 +207,12 @@ void BM_Cgal(benchmark::State& state, const Plan& (*input)()) {
 
 }  // namespace
 
-BENCHMARK_CAPTURE(BM_QnUtil, outline_1M, million_outline)->Unit(benchmark::kMillisecond)->Iterations(3);
-BENCHMARK_CAPTURE(BM_Cgal, outline_1M, million_outline)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK_CAPTURE(BM_QnUtil, outline_1M, million_outline)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
+BENCHMARK_CAPTURE(BM_Cgal, outline_1M, million_outline)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 BENCHMARK_CAPTURE(BM_QnUtil, smooth_outline_1M, million_smooth_outline)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(3);

@@ -37,7 +37,8 @@ QNUTIL_API int QNUTIL_CALL FreeTriangs(void** triangles);
 
 /* Results of TriangulateRegion. */
 #define QNUTIL_REGION_OK 0
-#define QNUTIL_REGION_BAD_ARGUMENT (-1)   /* null pointer, sizes that do not add up, too many points, min_angle out of range */
+#define QNUTIL_REGION_BAD_ARGUMENT \
+  (-1) /* null pointer, sizes that do not add up, too many points, min_angle out of range */
 #define QNUTIL_REGION_BAD_COORDINATE (-2) /* a coordinate not finite or beyond +-1e30 */
 #define QNUTIL_REGION_CROSSING (-3)       /* two ring edges cross: no region is defined */
 #define QNUTIL_REGION_NO_MEMORY (-4)

@@ -21,24 +21,25 @@ namespace {
 
 int run_tri(int argc, char** argv);
 
-const Command kTri{"tri",
-                   "triangulate \"x y\" points (the first N the boundary), or a floor plan of rings "
-                   "with openings, and draw the triangles",
-                   "tri POINTS [--boundary N] [--svg OUT.svg] [--bmp OUT.bmp] [--json]\n"
-                   "       qnutil tri --rings PLAN [--min-angle DEG [--max-added N]] [--svg OUT.svg]\n"
-                   "                  [--bmp OUT.bmp] [--json]\n"
-                   "  POINTS: one \"x y\" pair per line; Triangulieren, the first N points the\n"
-                   "    boundary polygon.\n"
-                   "  PLAN (--rings): a line \"ring\" starts a ring (an outline or an opening:\n"
-                   "    inside is what the rings enclose an odd number of times), followed by\n"
-                   "    its \"x y\" points, closed back to the first; a line \"points\" starts\n"
-                   "    interior points (extra mesh vertices). Triangulated by TriangulateRegion:\n"
-                   "    every ring edge kept, openings empty, constrained Delaunay.\n"
-                   "  --min-angle: refine until no triangle has an angle below DEG degrees (up\n"
-                   "    to 34), adding at most N points (default 100000).\n"
-                   "  In both, blank lines and lines starting with '#' are skipped.\n"
-                   "  --json prints the triangles as an array of three [x, y] corners each",
-                   run_tri};
+const Command kTri{
+    "tri",
+    "triangulate \"x y\" points (the first N the boundary), or a floor plan of rings "
+    "with openings, and draw the triangles",
+    "tri POINTS [--boundary N] [--svg OUT.svg] [--bmp OUT.bmp] [--json]\n"
+    "       qnutil tri --rings PLAN [--min-angle DEG [--max-added N]] [--svg OUT.svg]\n"
+    "                  [--bmp OUT.bmp] [--json]\n"
+    "  POINTS: one \"x y\" pair per line; Triangulieren, the first N points the\n"
+    "    boundary polygon.\n"
+    "  PLAN (--rings): a line \"ring\" starts a ring (an outline or an opening:\n"
+    "    inside is what the rings enclose an odd number of times), followed by\n"
+    "    its \"x y\" points, closed back to the first; a line \"points\" starts\n"
+    "    interior points (extra mesh vertices). Triangulated by TriangulateRegion:\n"
+    "    every ring edge kept, openings empty, constrained Delaunay.\n"
+    "  --min-angle: refine until no triangle has an angle below DEG degrees (up\n"
+    "    to 34), adding at most N points (default 100000).\n"
+    "  In both, blank lines and lines starting with '#' are skipped.\n"
+    "  --json prints the triangles as an array of three [x, y] corners each",
+    run_tri};
 
 // Inputs from this size on announce their progress on a terminal.
 constexpr std::size_t kLongRunPoints = 100000;
@@ -212,8 +213,9 @@ bool read_plan(const std::string& path, Plan& plan) {
     if (!(fields >> first) || first[0] == '#') continue;
     if (first == "ring" || first == "points") {
       if (fields >> rest || section == kInteriorPoints) {
-        std::fprintf(stderr, "qnutil tri: %s:%d: \"%s\" %s\n", path.c_str(), number, first.c_str(),
-                     section == kInteriorPoints ? "after the interior points" : "takes nothing after it");
+        std::fprintf(
+            stderr, "qnutil tri: %s:%d: \"%s\" %s\n", path.c_str(), number, first.c_str(),
+            section == kInteriorPoints ? "after the interior points" : "takes nothing after it");
         return false;
       }
       section = first == "ring" ? kInRing : kInteriorPoints;
@@ -255,7 +257,8 @@ bool triangulate_rings(const std::string& path, const Plan& plan, const Refineme
       static_cast<unsigned int>(refinement.max_added), &array, &count, &added, &added_count,
       &crossing);
   if (code == QNUTIL_REGION_CROSSING) {
-    std::fprintf(stderr, "qnutil tri: %s:%d: the ring edge from this point crosses another ring edge\n",
+    std::fprintf(stderr,
+                 "qnutil tri: %s:%d: the ring edge from this point crosses another ring edge\n",
                  path.c_str(), plan.lines[crossing]);
     return false;
   }
@@ -264,7 +267,8 @@ bool triangulate_rings(const std::string& path, const Plan& plan, const Refineme
     return false;
   }
   if (code == QNUTIL_REGION_BAD_COORDINATE) {
-    std::fprintf(stderr, "qnutil tri: %s: coordinates must be finite and within +-1e30\n", path.c_str());
+    std::fprintf(stderr, "qnutil tri: %s: coordinates must be finite and within +-1e30\n",
+                 path.c_str());
     return false;
   }
   if (code != QNUTIL_REGION_OK) {
@@ -276,7 +280,8 @@ bool triangulate_rings(const std::string& path, const Plan& plan, const Refineme
     const double* xy = i < point_count ? &plan.xy[2 * i] : added + 2 * (i - point_count);
     return Vertex{static_cast<float>(xy[0]), static_cast<float>(xy[1])};
   };
-  for (std::size_t i = 0; i < 3u * std::size_t{count}; ++i) result.corners.push_back(vertex(array[i]));
+  for (std::size_t i = 0; i < 3u * std::size_t{count}; ++i)
+    result.corners.push_back(vertex(array[i]));
   FreeRegionTriangles(&array);
   FreeRegionPoints(&added);
   result.added = added_count;

@@ -26,7 +26,8 @@ std::size_t cross(double x, double y, double z, double w, double (&out)[4]) {
 }
 
 // e * (dx^2 + dy^2) for a cross product e.
-std::size_t lifted(const double (&e)[4], std::size_t size, double dx, double dy, double (&out)[32]) {
+std::size_t lifted(const double (&e)[4], std::size_t size, double dx, double dy,
+                   double (&out)[32]) {
   double once[8], x_part[16], y_part[16];
   const std::size_t x_size = exact::scale(once, exact::scale(e, size, dx, once), dx, x_part);
   const std::size_t y_size = exact::scale(once, exact::scale(e, size, dy, once), dy, y_part);

@@ -47,15 +47,12 @@ int triangulate(const qnutil::triangulation::region::RegionInput& input, unsigne
 
 }  // namespace
 
-extern "C" QNUTIL_API int QNUTIL_CALL TriangulateRegion(const double* points,
-                                                        unsigned int point_count,
-                                                        const unsigned int* ring_sizes,
-                                                        unsigned int ring_count,
-                                                        unsigned int** triangles,
-                                                        unsigned int* triangle_count,
-                                                        unsigned int* crossing_point) {
-  return triangulate({points, point_count, ring_sizes, ring_count, 0, 0}, triangles,
-                     triangle_count, nullptr, nullptr, crossing_point);
+extern "C" QNUTIL_API int QNUTIL_CALL
+TriangulateRegion(const double* points, unsigned int point_count, const unsigned int* ring_sizes,
+                  unsigned int ring_count, unsigned int** triangles, unsigned int* triangle_count,
+                  unsigned int* crossing_point) {
+  return triangulate({points, point_count, ring_sizes, ring_count, 0, 0}, triangles, triangle_count,
+                     nullptr, nullptr, crossing_point);
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL TriangulateRegionRefined(
@@ -74,12 +71,12 @@ extern "C" QNUTIL_API int QNUTIL_CALL TriangulateRegionRefined(
 
 extern "C" QNUTIL_API void QNUTIL_CALL FreeRegionTriangles(unsigned int** triangles) {
   if (triangles == nullptr) return;
-  delete[] *triangles;
+  delete[] * triangles;
   *triangles = nullptr;
 }
 
 extern "C" QNUTIL_API void QNUTIL_CALL FreeRegionPoints(double** points) {
   if (points == nullptr) return;
-  delete[] *points;
+  delete[] * points;
   *points = nullptr;
 }

@@ -69,7 +69,8 @@ class Refinement {
   bool is_bad(const VertexId (&corners)[3]) const {
     const Point &a = mesh_.point(corners[0]), &b = mesh_.point(corners[1]),
                 &c = mesh_.point(corners[2]);
-    std::array<double, 3> lengths = {std::hypot(b.x - c.x, b.y - c.y), std::hypot(c.x - a.x, c.y - a.y),
+    std::array<double, 3> lengths = {std::hypot(b.x - c.x, b.y - c.y),
+                                     std::hypot(c.x - a.x, c.y - a.y),
                                      std::hypot(a.x - b.x, a.y - b.y)};
     std::sort(lengths.begin(), lengths.end());
     if (lengths[0] < shortest_mended_) return false;
@@ -80,7 +81,8 @@ class Refinement {
   void queue_constrained_sides(TriangleId t) {
     for (unsigned i = 0; i < 3; ++i) {
       const Side s = side_of(t, i);
-      if ((mesh_.flags(s) & kConstrained) != 0) segments_.emplace_back(mesh_.origin(s), mesh_.destination(s));
+      if ((mesh_.flags(s) & kConstrained) != 0)
+        segments_.emplace_back(mesh_.origin(s), mesh_.destination(s));
     }
   }
 
@@ -155,7 +157,8 @@ class Refinement {
     const double bx = b.x - a.x, by = b.y - a.y, cx = c.x - a.x, cy = c.y - a.y;
     const double d = 2 * (bx * cy - by * cx);
     const double b_lift = bx * bx + by * by, c_lift = cx * cx + cy * cy;
-    const Point centre{a.x + (cy * b_lift - by * c_lift) / d, a.y + (bx * c_lift - cx * b_lift) / d};
+    const Point centre{a.x + (cy * b_lift - by * c_lift) / d,
+                       a.y + (bx * c_lift - cx * b_lift) / d};
     if (!std::isfinite(centre.x) || !std::isfinite(centre.y)) return false;
 
     // Walk towards the centre; a ring edge on the way is split instead.

@@ -64,7 +64,8 @@ std::vector<std::uint32_t> caller_names(const RegionMesh& mesh,
                                         const std::vector<VertexId>& vertex_of) {
   std::vector<std::uint32_t> name(mesh.input_count() + 3 + mesh.added_count());
   for (VertexId v = 0; v < mesh.input_count(); ++v) name[v] = v;
-  for (VertexId i = 0; i < vertex_of.size(); ++i) name[vertex_of[i]] = std::min(name[vertex_of[i]], i);
+  for (VertexId i = 0; i < vertex_of.size(); ++i)
+    name[vertex_of[i]] = std::min(name[vertex_of[i]], i);
   for (std::size_t k = 0; k < mesh.added_count(); ++k)
     name[mesh.input_count() + 3 + k] = static_cast<std::uint32_t>(mesh.input_count() + k);
   return name;

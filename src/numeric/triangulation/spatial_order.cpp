@@ -79,7 +79,8 @@ std::vector<std::uint32_t> spatial_order(const std::vector<Point>& points) {
     const std::uint64_t curve =
         hilbert_index(std::min<std::uint32_t>(x, kLastCell), std::min<std::uint32_t>(y, kLastCell));
     const auto index = static_cast<std::uint32_t>(i);
-    keys[i] = (kLastRound - rounds_before_last(index)) << kRoundShift | curve << kCurveShift | index;
+    keys[i] =
+        (kLastRound - rounds_before_last(index)) << kRoundShift | curve << kCurveShift | index;
   }
   sort_keys(keys);
   std::vector<std::uint32_t> order(points.size());

@@ -165,8 +165,10 @@ class GridChecks {
         for (const P sight : sights) {
           bool blocked = false;
           for (const auto& [p, q] : ring_edges_)
-            blocked = blocked || properly_cross(sight, target, {30 * p.x, 30 * p.y}, {30 * q.x, 30 * q.y});
-          EXPECT_TRUE(blocked) << "vertex (" << v.x << ", " << v.y << ") seen inside the circle of triangle " << t;
+            blocked = blocked ||
+                      properly_cross(sight, target, {30 * p.x, 30 * p.y}, {30 * q.x, 30 * q.y});
+          EXPECT_TRUE(blocked) << "vertex (" << v.x << ", " << v.y
+                               << ") seen inside the circle of triangle " << t;
           if (!blocked) return;
         }
       }
@@ -183,9 +185,10 @@ class GridChecks {
         const P s{2 * i + 1, 2 * j + 1};
         bool on_line = false;
         for (const auto& [p, q] : ring_edges_)
-          on_line = on_line || (orient({p.x * scale, p.y * scale}, {q.x * scale, q.y * scale}, s) == 0 &&
-                                std::min(p.x, q.x) * scale <= s.x && s.x <= std::max(p.x, q.x) * scale &&
-                                std::min(p.y, q.y) * scale <= s.y && s.y <= std::max(p.y, q.y) * scale);
+          on_line =
+              on_line || (orient({p.x * scale, p.y * scale}, {q.x * scale, q.y * scale}, s) == 0 &&
+                          std::min(p.x, q.x) * scale <= s.x && s.x <= std::max(p.x, q.x) * scale &&
+                          std::min(p.y, q.y) * scale <= s.y && s.y <= std::max(p.y, q.y) * scale);
         int containing = 0;
         for (std::size_t t = 0; t < result_.triangle_count() && !on_line; ++t) {
           int sides[3];

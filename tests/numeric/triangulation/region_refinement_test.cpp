@@ -28,10 +28,10 @@ Refined refine(const Plan& plan, double min_angle, unsigned int cap) {
   unsigned int* triangles = nullptr;
   double* added = nullptr;
   unsigned int count = 0, added_count = 0;
-  result.code = TriangulateRegionRefined(
-      plan.xy.data(), static_cast<unsigned int>(plan.point_count()), plan.rings.data(),
-      static_cast<unsigned int>(plan.rings.size()), min_angle, cap, &triangles, &count, &added,
-      &added_count, nullptr);
+  result.code =
+      TriangulateRegionRefined(plan.xy.data(), static_cast<unsigned int>(plan.point_count()),
+                               plan.rings.data(), static_cast<unsigned int>(plan.rings.size()),
+                               min_angle, cap, &triangles, &count, &added, &added_count, nullptr);
   if (result.code != QNUTIL_REGION_OK) {
     EXPECT_TRUE(triangles == nullptr && added == nullptr && count == 0 && added_count == 0);
     return result;
@@ -64,7 +64,8 @@ bool inside(const Plan& plan, double x, double y) {
     for (std::size_t k = 0; k < size; ++k) {
       const double* p = &plan.xy[2 * (start + k)];
       const double* q = &plan.xy[2 * (start + (k + 1) % size)];
-      if ((p[1] > y) != (q[1] > y) && x < p[0] + (y - p[1]) * (q[0] - p[0]) / (q[1] - p[1])) in = !in;
+      if ((p[1] > y) != (q[1] > y) && x < p[0] + (y - p[1]) * (q[0] - p[0]) / (q[1] - p[1]))
+        in = !in;
     }
     start += size;
   }
@@ -81,7 +82,8 @@ double expect_tiles(const Plan& plan, const Refined& result, double region_area)
       EXPECT_LT(result.corners[3 * t + k], vertices);
       c[k] = &result.xy[2 * result.corners[3 * t + k]];
     }
-    const double twice = (c[1][0] - c[0][0]) * (c[2][1] - c[0][1]) - (c[1][1] - c[0][1]) * (c[2][0] - c[0][0]);
+    const double twice =
+        (c[1][0] - c[0][0]) * (c[2][1] - c[0][1]) - (c[1][1] - c[0][1]) * (c[2][0] - c[0][0]);
     EXPECT_GT(twice, 0) << "triangle " << t;
     area += twice / 2;
     EXPECT_TRUE(inside(plan, (c[0][0] + c[1][0] + c[2][0]) / 3, (c[0][1] + c[1][1] + c[2][1]) / 3))
@@ -91,7 +93,8 @@ double expect_tiles(const Plan& plan, const Refined& result, double region_area)
       const double* b = c[(k + 1) % 3];
       const double* d = c[(k + 2) % 3];
       const double ux = b[0] - a[0], uy = b[1] - a[1], vx = d[0] - a[0], vy = d[1] - a[1];
-      smallest = std::min(smallest, std::atan2(std::fabs(ux * vy - uy * vx), ux * vx + uy * vy) * 180 / kPi);
+      smallest = std::min(smallest,
+                          std::atan2(std::fabs(ux * vy - uy * vx), ux * vx + uy * vy) * 180 / kPi);
     }
   }
   EXPECT_NEAR(area, region_area, 1e-9 * region_area);
@@ -103,15 +106,14 @@ Plan square_with_openings() {
   plan.ring({{0, 0}, {100, 0}, {100, 60}, {0, 60}});
   plan.ring({{10, 10}, {30, 10}, {30, 25}, {10, 25}});
   std::vector<std::pair<double, double>> round;
-  for (int k = 0; k < 24; ++k) round.push_back({70 + 12 * std::cos(kPi * k / 12), 30 + 12 * std::sin(kPi * k / 12)});
+  for (int k = 0; k < 24; ++k)
+    round.push_back({70 + 12 * std::cos(kPi * k / 12), 30 + 12 * std::sin(kPi * k / 12)});
   plan.ring(round);
   plan.ring({{40, 0}, {50, 0}, {50, 5}, {40, 5}});  // cut into the outline
   return plan;
 }
 
-double square_with_openings_area() {
-  return 6000 - 300 - 24 * 0.5 * 144 * std::sin(kPi / 12) - 50;
-}
+double square_with_openings_area() { return 6000 - 300 - 24 * 0.5 * 144 * std::sin(kPi / 12) - 50; }
 
 TEST(RegionRefinement, MeetsTheAngleBound) {
   const Plan plan = square_with_openings();
@@ -159,10 +161,11 @@ TEST(RegionRefinement, BadArguments) {
   EXPECT_EQ(refine(plan, 20, 100000000).code, QNUTIL_REGION_BAD_ARGUMENT);  // no room for the cap
   unsigned int* triangles = nullptr;
   unsigned int count = 0, added_count = 0;
-  EXPECT_EQ(TriangulateRegionRefined(plan.xy.data(), static_cast<unsigned int>(plan.point_count()),
-                                     plan.rings.data(), static_cast<unsigned int>(plan.rings.size()),
-                                     20, 10, &triangles, &count, nullptr, &added_count, nullptr),
-            QNUTIL_REGION_BAD_ARGUMENT);
+  EXPECT_EQ(
+      TriangulateRegionRefined(plan.xy.data(), static_cast<unsigned int>(plan.point_count()),
+                               plan.rings.data(), static_cast<unsigned int>(plan.rings.size()), 20,
+                               10, &triangles, &count, nullptr, &added_count, nullptr),
+      QNUTIL_REGION_BAD_ARGUMENT);
   EXPECT_EQ(triangles, nullptr);
   FreeRegionPoints(nullptr);
 }

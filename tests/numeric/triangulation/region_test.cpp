@@ -48,37 +48,73 @@ Plan rings(std::initializer_list<Ring> list) {
 }
 
 const Case kCases[] = {
-    {"concave L", [] { return rings({{{0, 0}, {60, 0}, {60, 20}, {20, 20}, {20, 50}, {0, 50}}}); },
+    {"concave L",
+     [] {
+       return rings({{{0, 0}, {60, 0}, {60, 20}, {20, 20}, {20, 50}, {0, 50}}});
+     },
      2 * (60 * 20 + 20 * 30)},
-    {"square with an opening", [] { return rings({rectangle(0, 0, 100, 100), rectangle(30, 30, 60, 70)}); },
+    {"square with an opening",
+     [] {
+       return rings({rectangle(0, 0, 100, 100), rectangle(30, 30, 60, 70)});
+     },
      2 * (10000 - 1200)},
     {"opening drawn first, both clockwise",
-     [] { return rings({reversed(rectangle(30, 30, 60, 70)), reversed(rectangle(0, 0, 100, 100))}); },
+     [] {
+       return rings({reversed(rectangle(30, 30, 60, 70)), reversed(rectangle(0, 0, 100, 100))});
+     },
      2 * (10000 - 1200)},
     {"opening touching the outline at a corner",
-     [] { return rings({rectangle(0, 0, 100, 100), {{0, 0}, {40, 10}, {10, 40}}}); },
+     [] {
+       return rings({rectangle(0, 0, 100, 100), {{0, 0}, {40, 10}, {10, 40}}});
+     },
      2 * 10000 - (40 * 40 - 10 * 10)},
     {"opening along part of the outline",
-     [] { return rings({rectangle(0, 0, 100, 100), rectangle(20, 0, 50, 30)}); }, 2 * (10000 - 900)},
+     [] {
+       return rings({rectangle(0, 0, 100, 100), rectangle(20, 0, 50, 30)});
+     },
+     2 * (10000 - 900)},
     {"openings touching each other at a vertex",
-     [] { return rings({rectangle(0, 0, 100, 100), rectangle(10, 10, 50, 50), rectangle(50, 50, 90, 80)}); },
+     [] {
+       return rings(
+           {rectangle(0, 0, 100, 100), rectangle(10, 10, 50, 50), rectangle(50, 50, 90, 80)});
+     },
      2 * (10000 - 1600 - 1200)},
     {"openings sharing a wall",
-     [] { return rings({rectangle(0, 0, 100, 100), rectangle(10, 10, 50, 50), rectangle(50, 10, 90, 50)}); },
+     [] {
+       return rings(
+           {rectangle(0, 0, 100, 100), rectangle(10, 10, 50, 50), rectangle(50, 10, 90, 50)});
+     },
      2 * (10000 - 3200)},
     {"collinear runs on outline and opening",
-     [] { return rings({dense_rectangle(0, 0, 2000, 1000, 40), dense_rectangle(500, 200, 1500, 800, 25)}); },
+     [] {
+       return rings(
+           {dense_rectangle(0, 0, 2000, 1000, 40), dense_rectangle(500, 200, 1500, 800, 25)});
+     },
      2 * (2000000 - 600000)},
     {"repeated points and a closing point",
-     [] { return rings({{{0, 0}, {0, 0}, {50, 0}, {50, 0}, {50, 40}, {0, 40}, {0, 0}}}); }, 2 * 2000},
+     [] {
+       return rings({{{0, 0}, {0, 0}, {50, 0}, {50, 0}, {50, 40}, {0, 40}, {0, 0}}});
+     },
+     2 * 2000},
     {"zero-area spikes out and in",
      [] {
-       return rings({{{0, 0}, {40, 0}, {40, -30}, {40, 0}, {80, 0}, {80, 50}, {50, 50}, {50, 20},
-                      {50, 50}, {0, 50}}});
+       return rings({{{0, 0},
+                      {40, 0},
+                      {40, -30},
+                      {40, 0},
+                      {80, 0},
+                      {80, 50},
+                      {50, 50},
+                      {50, 20},
+                      {50, 50},
+                      {0, 50}}});
      },
      2 * 4000},
     {"spike along the outline's own edge",
-     [] { return rings({{{0, 0}, {80, 0}, {80, 50}, {0, 50}, {0, 20}, {0, 40}, {0, 20}}}); }, 2 * 4000},
+     [] {
+       return rings({{{0, 0}, {80, 0}, {80, 50}, {0, 50}, {0, 20}, {0, 40}, {0, 20}}});
+     },
+     2 * 4000},
     {"wall drawn as a two-point ring",
      [] {
        Plan plan = rings({rectangle(0, 0, 100, 100)});
@@ -97,7 +133,10 @@ const Case kCases[] = {
      },
      2 * (8100 - 900)},
     {"nested: an island inside an opening",
-     [] { return rings({rectangle(0, 0, 100, 100), rectangle(20, 20, 80, 80), rectangle(40, 40, 60, 60)}); },
+     [] {
+       return rings(
+           {rectangle(0, 0, 100, 100), rectangle(20, 20, 80, 80), rectangle(40, 40, 60, 60)});
+     },
      2 * (10000 - 3600 + 400)},
 };
 
@@ -113,13 +152,12 @@ TEST_P(RegionCases, TilesTheRegionKeepingRingEdgesConstrainedDelaunay) {
   checks.expect_constrained_delaunay();
 }
 
-INSTANTIATE_TEST_SUITE_P(Plans, RegionCases, ::testing::ValuesIn(kCases),
-                         [](const auto& info) {
-                           std::string name = info.param.name;
-                           for (char& c : name)
-                             if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Plans, RegionCases, ::testing::ValuesIn(kCases), [](const auto& info) {
+  std::string name = info.param.name;
+  for (char& c : name)
+    if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+  return name;
+});
 
 // A random floor plan: a wavy outline around a grid of rectangular
 // openings of random size, plus random interior points.
@@ -179,10 +217,12 @@ TEST(RegionRandomPlans, DegenerateGridPlans) {
       const int x0 = coordinate(generator), y0 = coordinate(generator);
       std::uniform_int_distribution<int> in_x(x0, x0 + (12 - x0) / 2), in_y(y0, y0 + (12 - y0) / 2);
       Ring ring;
-      for (int k = ring_size(generator); k > 0; --k) ring.push_back({in_x(generator), in_y(generator)});
+      for (int k = ring_size(generator); k > 0; --k)
+        ring.push_back({in_x(generator), in_y(generator)});
       plan.ring(ring);
     }
-    for (int k = coordinate(generator); k > 0; --k) plan.point(coordinate(generator), coordinate(generator));
+    for (int k = coordinate(generator); k > 0; --k)
+      plan.point(coordinate(generator), coordinate(generator));
     const Result result = triangulate(plan);
     const GridChecks checks(plan, result);
     SCOPED_TRACE("round " + std::to_string(round));
@@ -274,14 +314,16 @@ TEST(RegionResults, BadArgumentsAndCoordinates) {
             QNUTIL_REGION_BAD_ARGUMENT);
   EXPECT_EQ(TriangulateRegion(square.xy.data(), 4, nullptr, 1, &array, &count, nullptr),
             QNUTIL_REGION_BAD_ARGUMENT);
-  EXPECT_EQ(TriangulateRegion(square.xy.data(), 4, square.rings.data(), 1, nullptr, &count, nullptr),
-            QNUTIL_REGION_BAD_ARGUMENT);
-  EXPECT_EQ(TriangulateRegion(square.xy.data(), 4, square.rings.data(), 1, &array, nullptr, nullptr),
-            QNUTIL_REGION_BAD_ARGUMENT);
+  EXPECT_EQ(
+      TriangulateRegion(square.xy.data(), 4, square.rings.data(), 1, nullptr, &count, nullptr),
+      QNUTIL_REGION_BAD_ARGUMENT);
+  EXPECT_EQ(
+      TriangulateRegion(square.xy.data(), 4, square.rings.data(), 1, &array, nullptr, nullptr),
+      QNUTIL_REGION_BAD_ARGUMENT);
   EXPECT_EQ(array, nullptr);
 
-  for (const double bad : {std::numeric_limits<double>::quiet_NaN(),
-                           std::numeric_limits<double>::infinity(), -2e30}) {
+  for (const double bad :
+       {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), -2e30}) {
     Plan plan = square;
     plan.xy[3] = bad;
     EXPECT_EQ(triangulate(plan).code, QNUTIL_REGION_BAD_COORDINATE) << bad;
