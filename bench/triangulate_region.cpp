@@ -18,6 +18,7 @@
 #include <cstdlib>
 #include <new>
 #include <random>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -205,23 +206,24 @@ void BM_Cgal(benchmark::State& state, const Plan& (*input)()) {
   report(state, plan, triangles, peak);
 }
 
-}  // namespace
+// Each plan measured by both, one after the other.
+const bool registered = [] {
+  const struct {
+    const char* name;
+    const Plan& (*input)();
+    int iterations;
+  } plans[] = {{"outline_1M", million_outline, 3},
+               {"smooth_outline_1M", million_smooth_outline, 3},
+               {"openings_10k", ten_thousand_openings, 5}};
+  for (const auto& plan : plans) {
+    using Run = void (*)(benchmark::State&, const Plan& (*)());
+    const std::pair<const char*, Run> sides[] = {{"QnUtil/", BM_QnUtil}, {"Cgal/", BM_Cgal}};
+    for (const auto& [side, run] : sides)
+      benchmark::RegisterBenchmark((side + std::string(plan.name)).c_str(), run, plan.input)
+          ->Unit(benchmark::kMillisecond)
+          ->Iterations(plan.iterations);
+  }
+  return true;
+}();
 
-BENCHMARK_CAPTURE(BM_QnUtil, outline_1M, million_outline)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
-BENCHMARK_CAPTURE(BM_Cgal, outline_1M, million_outline)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
-BENCHMARK_CAPTURE(BM_QnUtil, smooth_outline_1M, million_smooth_outline)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
-BENCHMARK_CAPTURE(BM_Cgal, smooth_outline_1M, million_smooth_outline)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
-BENCHMARK_CAPTURE(BM_QnUtil, openings_10k, ten_thousand_openings)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(5);
-BENCHMARK_CAPTURE(BM_Cgal, openings_10k, ten_thousand_openings)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(5);
+}  // namespace

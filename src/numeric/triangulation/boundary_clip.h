@@ -6,14 +6,11 @@
 
 #include <cstddef>
 
+#include "numeric/triangulation/box.h"
 #include "numeric/triangulation/predicates.h"
 #include "numeric/triangulation/triangle_array.h"
 
 namespace qnutil::triangulation {
-
-struct Box {
-  double min_x, min_y, max_x, max_y;
-};
 
 class BoundaryClip {
  public:

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "numeric/triangulation/box.h"
+
 namespace qnutil::triangulation::region {
 namespace {
 
@@ -11,19 +13,11 @@ namespace {
 // box is held well inside, and the margin is large enough against the
 // coordinates' own size that rounding cannot move a corner across a point.
 void append_enclosing_corners(std::vector<Point>& points) {
-  double min_x = 0, max_x = 0, min_y = 0, max_y = 0;
-  if (!points.empty()) {
-    min_x = max_x = points[0].x;
-    min_y = max_y = points[0].y;
-  }
-  for (const Point& p : points) {
-    min_x = std::min(min_x, p.x), max_x = std::max(max_x, p.x);
-    min_y = std::min(min_y, p.y), max_y = std::max(max_y, p.y);
-  }
-  const double magnitude =
-      std::max({std::fabs(min_x), std::fabs(max_x), std::fabs(min_y), std::fabs(max_y)});
-  const double margin = std::max({max_x - min_x, max_y - min_y, 1e-3 * magnitude, 1e-20});
-  const double cx = 0.5 * (min_x + max_x), cy = 0.5 * (min_y + max_y);
+  const Box box = bounding_box(points.data(), points.size());
+  const double magnitude = std::max(
+      {std::fabs(box.min_x), std::fabs(box.max_x), std::fabs(box.min_y), std::fabs(box.max_y)});
+  const double margin = std::max({box.width(), box.height(), 1e-3 * magnitude, 1e-20});
+  const double cx = 0.5 * (box.min_x + box.max_x), cy = 0.5 * (box.min_y + box.max_y);
   points.push_back({cx - 40 * margin, cy - 30 * margin});
   points.push_back({cx + 40 * margin, cy - 30 * margin});
   points.push_back({cx, cy + 40 * margin});
@@ -247,16 +241,13 @@ Side RegionMesh::find_side(VertexId from, VertexId to) const {
     const Side reverse = find_side(to, from);
     return reverse == kNoSide ? kNoSide : across(reverse);
   }
-  const TriangleId first = triangle_at_[from];
-  TriangleId t = first;
-  do {
-    const MeshTriangle& triangle = triangles_[t];
-    unsigned k = 0;
-    while (triangle.corner[k] != from) ++k;
-    if (triangle.corner[next_index(k)] == to) return side_of(t, previous_index(k));
-    t = triangle_of(triangle.across[next_index(k)]);  // the next triangle counter-clockwise
-  } while (t != first);
-  return kNoSide;
+  Side found = kNoSide;
+  for_each_around(from, [&](TriangleId t, unsigned k) {
+    if (triangles_[t].corner[next_index(k)] != to) return false;
+    found = side_of(t, previous_index(k));
+    return true;
+  });
+  return found;
 }
 
 void RegionMesh::mark(Side s, std::uint8_t set, std::uint8_t toggle) {

@@ -80,6 +80,24 @@ class RegionMesh {
   VertexId add_point(const Point& p);
   void drop_last_point();
 
+  // Calls visit(t, k) for the triangles t around vertex v counter-clockwise
+  // (v being t's corner k) until it returns true, or the ring closes (or,
+  // around an enclosing corner, ends).
+  template <class Visit>
+  void for_each_around(VertexId v, Visit&& visit) const {
+    const TriangleId first = triangle_at_[v];
+    TriangleId t = first;
+    do {
+      const MeshTriangle& triangle = triangles_[t];
+      unsigned k = 0;
+      while (triangle.corner[k] != v) ++k;
+      if (visit(t, k)) return;
+      const Side next = triangle.across[next_index(k)];
+      if (next == kNoSide) return;
+      t = triangle_of(next);
+    } while (t != first);
+  }
+
   // The side running from `from` to `to`, or kNoSide when there is no such edge.
   Side find_side(VertexId from, VertexId to) const;
   // Replaces the side's edge by the other diagonal of its two triangles,

@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "numeric/triangulation/box.h"
+
 namespace qnutil::triangulation::region {
 namespace {
 
@@ -19,14 +21,8 @@ constexpr int kLongestWalk = 100000;
 constexpr double kSmallestFeature = 1e-6;
 
 double input_extent(const RegionMesh& mesh) {
-  double min_x = 0, max_x = 0, min_y = 0, max_y = 0;
-  for (VertexId v = 0; v < mesh.input_count(); ++v) {
-    const Point& p = mesh.point(v);
-    if (v == 0) min_x = max_x = p.x, min_y = max_y = p.y;
-    min_x = std::min(min_x, p.x), max_x = std::max(max_x, p.x);
-    min_y = std::min(min_y, p.y), max_y = std::max(max_y, p.y);
-  }
-  return std::max(max_x - min_x, max_y - min_y);
+  const Box box = bounding_box(&mesh.point(0), mesh.input_count());
+  return std::max(box.width(), box.height());
 }
 
 using Edge = std::pair<VertexId, VertexId>;
@@ -133,19 +129,12 @@ class Refinement {
   // The ring edges facing v in the triangles around it, to be checked for
   // encroachment by v.
   void queue_around(VertexId v) {
-    const TriangleId first = mesh_.triangle_at(v);
-    TriangleId t = first;
-    do {
-      const MeshTriangle& triangle = mesh_.triangles()[t];
-      unsigned k = 0;
-      while (triangle.corner[k] != v) ++k;
+    mesh_.for_each_around(v, [&](TriangleId t, unsigned k) {
       const Side opposite = side_of(t, k);
       if ((mesh_.flags(opposite) & kConstrained) != 0)
         segments_.emplace_back(mesh_.origin(opposite), mesh_.destination(opposite));
-      const Side next = triangle.across[next_index(k)];
-      if (next == kNoSide) break;
-      t = triangle_of(next);
-    } while (t != first);
+      return false;
+    });
   }
 
   // Inserts the circumcentre of bad triangle t, or splits the ring edge

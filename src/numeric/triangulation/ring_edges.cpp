@@ -27,19 +27,22 @@ RingEdgeInserter::Exit RingEdgeInserter::leave(VertexId a, VertexId b) const {
   if (const Side existing = mesh_.find_side(a, b); existing != kNoSide) return {b, existing};
   const Point& pa = mesh_.point(a);
   const Point& pb = mesh_.point(b);
-  const TriangleId first = mesh_.triangle_at(a);
-  TriangleId t = first;
-  do {
+  Exit exit{kNoVertex, kNoSide};  // found below: the triangles around a cover every direction
+  mesh_.for_each_around(a, [&](TriangleId t, unsigned k) {
     const MeshTriangle& triangle = mesh_.triangles()[t];
-    unsigned k = 0;
-    while (triangle.corner[k] != a) ++k;
     const VertexId x = triangle.corner[next_index(k)], y = triangle.corner[previous_index(k)];
     const int turn = orientation(pa, mesh_.point(x), pb);
-    if (turn == 0 && towards(pa, mesh_.point(x), pb)) return {x, side_of(t, previous_index(k))};
-    if (turn > 0 && orientation(pa, mesh_.point(y), pb) < 0) return {kNoVertex, side_of(t, k)};
-    t = triangle_of(triangle.across[next_index(k)]);
-  } while (t != first);
-  return {kNoVertex, kNoSide};  // not reached: the triangles around a cover every direction
+    if (turn == 0 && towards(pa, mesh_.point(x), pb)) {
+      exit = {x, side_of(t, previous_index(k))};
+      return true;
+    }
+    if (turn > 0 && orientation(pa, mesh_.point(y), pb) < 0) {
+      exit = {kNoVertex, side_of(t, k)};
+      return true;
+    }
+    return false;
+  });
+  return exit;
 }
 
 bool RingEdgeInserter::insert(VertexId a, VertexId b) {

@@ -5,6 +5,8 @@
 #include <bit>
 #include <cstddef>
 
+#include "numeric/triangulation/box.h"
+
 namespace qnutil::triangulation::region {
 namespace {
 
@@ -60,22 +62,14 @@ void sort_keys(std::vector<std::uint64_t>& keys) {
 }  // namespace
 
 std::vector<std::uint32_t> spatial_order(const std::vector<Point>& points) {
-  double min_x = 0, max_x = 0, min_y = 0, max_y = 0;
-  if (!points.empty()) {
-    min_x = max_x = points[0].x;
-    min_y = max_y = points[0].y;
-  }
-  for (const Point& p : points) {
-    min_x = std::min(min_x, p.x), max_x = std::max(max_x, p.x);
-    min_y = std::min(min_y, p.y), max_y = std::max(max_y, p.y);
-  }
+  const Box box = bounding_box(points.data(), points.size());
   constexpr std::uint32_t kLastCell = (1u << kCurveBits) - 1;
-  const double scale_x = max_x > min_x ? kLastCell / (max_x - min_x) : 0;
-  const double scale_y = max_y > min_y ? kLastCell / (max_y - min_y) : 0;
+  const double scale_x = box.width() > 0 ? kLastCell / box.width() : 0;
+  const double scale_y = box.height() > 0 ? kLastCell / box.height() : 0;
   std::vector<std::uint64_t> keys(points.size());
   for (std::size_t i = 0; i < points.size(); ++i) {
-    const auto x = static_cast<std::uint32_t>((points[i].x - min_x) * scale_x);
-    const auto y = static_cast<std::uint32_t>((points[i].y - min_y) * scale_y);
+    const auto x = static_cast<std::uint32_t>((points[i].x - box.min_x) * scale_x);
+    const auto y = static_cast<std::uint32_t>((points[i].y - box.min_y) * scale_y);
     const std::uint64_t curve =
         hilbert_index(std::min<std::uint32_t>(x, kLastCell), std::min<std::uint32_t>(y, kLastCell));
     const auto index = static_cast<std::uint32_t>(i);
