@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <deque>
 #include <utility>
 #include <vector>
 
@@ -37,41 +38,52 @@ class Refinement {
 
   void run() {
     for (TriangleId t = 0; t < mesh_.triangles().size(); ++t)
-      if (mesh_.inside(t)) queue_constrained_sides(t);
-    split_encroached();
-    // Passes over the bad triangles, until a pass changes nothing.
-    bool changed = true;
-    while (changed && room_ > 0) {
-      changed = false;
-      std::vector<std::array<VertexId, 3>> bad;
-      for (TriangleId t = 0; t < mesh_.triangles().size(); ++t)
-        if (mesh_.inside(t) && is_bad(mesh_.triangles()[t].corner)) {
-          const auto& c = mesh_.triangles()[t].corner;
-          bad.push_back({c[0], c[1], c[2]});
-        }
-      for (const auto& corners : bad) {
-        if (room_ == 0) break;
-        // Earlier insertions may have replaced it.
-        const Side s = mesh_.find_side(corners[0], corners[1]);
-        if (s == kNoSide || mesh_.corner(s) != corners[2]) continue;
-        changed = mend(triangle_of(s)) || changed;
+      if (mesh_.inside(t)) {
+        queue_constrained_sides(t);
+        queue_if_bad(t);
       }
+    split_encroached();
+    while (!bad_.empty() && room_ > 0) {
+      const auto corners = bad_.front();
+      bad_.pop_front();
+      // Earlier insertions may have replaced it.
+      const Side s = mesh_.find_side(corners[0], corners[1]);
+      if (s != kNoSide && mesh_.corner(s) == corners[2]) mend(triangle_of(s));
     }
   }
 
  private:
   // Whether the triangle's smallest angle is below the bound: its sine is
-  // twice the area over the product of the two longer sides.
+  // twice the area over the product of the two longer sides (compared in
+  // squares).
   bool is_bad(const VertexId (&corners)[3]) const {
     const Point &a = mesh_.point(corners[0]), &b = mesh_.point(corners[1]),
                 &c = mesh_.point(corners[2]);
-    std::array<double, 3> lengths = {std::hypot(b.x - c.x, b.y - c.y),
-                                     std::hypot(c.x - a.x, c.y - a.y),
-                                     std::hypot(a.x - b.x, a.y - b.y)};
+    const auto squared = [](const Point& p, const Point& q) {
+      return (p.x - q.x) * (p.x - q.x) + (p.y - q.y) * (p.y - q.y);
+    };
+    std::array<double, 3> lengths = {squared(b, c), squared(c, a), squared(a, b)};
     std::sort(lengths.begin(), lengths.end());
-    if (lengths[0] < shortest_mended_) return false;
+    if (lengths[0] < shortest_mended_ * shortest_mended_) return false;
     const double twice_area = (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
-    return twice_area < smallest_sine_ * lengths[1] * lengths[2];
+    return twice_area * twice_area < smallest_sine_ * smallest_sine_ * lengths[1] * lengths[2];
+  }
+
+  void queue_if_bad(TriangleId t) {
+    const auto& corners = mesh_.triangles()[t].corner;
+    if (mesh_.inside(t) && is_bad(corners)) bad_.push_back({corners[0], corners[1], corners[2]});
+  }
+
+  // A new vertex's triangles, to be checked for quality and its ring edges
+  // for encroachment.
+  void queue_around(VertexId v) {
+    mesh_.for_each_around(v, [&](TriangleId t, unsigned k) {
+      queue_if_bad(t);
+      const Side opposite = side_of(t, k);
+      if ((mesh_.flags(opposite) & kConstrained) != 0)
+        segments_.emplace_back(mesh_.origin(opposite), mesh_.destination(opposite));
+      return false;
+    });
   }
 
   void queue_constrained_sides(TriangleId t) {
@@ -110,7 +122,9 @@ class Refinement {
   bool split_segment(Side s) {
     const VertexId x = mesh_.origin(s), y = mesh_.destination(s);
     const Point &px = mesh_.point(x), &py = mesh_.point(y);
-    if (std::hypot(px.x - py.x, px.y - py.y) < 2 * shortest_mended_) return false;
+    if ((px.x - py.x) * (px.x - py.x) + (px.y - py.y) * (px.y - py.y) <
+        4 * shortest_mended_ * shortest_mended_)
+      return false;
     const Point middle{0.5 * (px.x + py.x), 0.5 * (px.y + py.y)};
     const Point& near_apex = mesh_.point(mesh_.corner(s));
     const Point& far_apex = mesh_.point(mesh_.corner(mesh_.across(s)));
@@ -126,21 +140,13 @@ class Refinement {
     return true;
   }
 
-  // The ring edges facing v in the triangles around it, to be checked for
-  // encroachment by v.
-  void queue_around(VertexId v) {
-    mesh_.for_each_around(v, [&](TriangleId t, unsigned k) {
-      const Side opposite = side_of(t, k);
-      if ((mesh_.flags(opposite) & kConstrained) != 0)
-        segments_.emplace_back(mesh_.origin(opposite), mesh_.destination(opposite));
-      return false;
-    });
-  }
-
-  // Inserts the circumcentre of bad triangle t, or splits the ring edge
-  // that lies between t and it. Returns whether the mesh changed.
-  bool mend(TriangleId t) {
+  // Inserts the circumcentre of bad triangle t, or splits the ring edges
+  // that lie between t and it or that it would encroach on; in that case t
+  // is queued again, as the splits may leave it as it was.
+  void mend(TriangleId t) {
     const MeshTriangle& triangle = mesh_.triangles()[t];
+    const std::array<VertexId, 3> corners = {triangle.corner[0], triangle.corner[1],
+                                             triangle.corner[2]};
     const Point &a = mesh_.point(triangle.corner[0]), &b = mesh_.point(triangle.corner[1]),
                 &c = mesh_.point(triangle.corner[2]);
     const double bx = b.x - a.x, by = b.y - a.y, cx = c.x - a.x, cy = c.y - a.y;
@@ -148,12 +154,12 @@ class Refinement {
     const double b_lift = bx * bx + by * by, c_lift = cx * cx + cy * cy;
     const Point centre{a.x + (cy * b_lift - by * c_lift) / d,
                        a.y + (bx * c_lift - cx * b_lift) / d};
-    if (!std::isfinite(centre.x) || !std::isfinite(centre.y)) return false;
+    if (!std::isfinite(centre.x) || !std::isfinite(centre.y)) return;
 
     // Walk towards the centre; a ring edge on the way is split instead.
     TriangleId at = t;
     for (int step = 0;; ++step) {
-      if (step == kLongestWalk) return false;
+      if (step == kLongestWalk) return;
       const MeshTriangle& here = mesh_.triangles()[at];
       Side beyond = kNoSide;
       for (unsigned i = 0; i < 3 && beyond == kNoSide; ++i)
@@ -161,10 +167,13 @@ class Refinement {
                         mesh_.point(here.corner[previous_index(i)]), centre) < 0)
           beyond = side_of(at, i);
       if (beyond == kNoSide) break;
-      if ((mesh_.flags(beyond) & kConstrained) != 0) return split_segment(beyond);
+      if ((mesh_.flags(beyond) & kConstrained) != 0) {
+        if (split_segment(beyond)) bad_.push_back(corners);
+        return;
+      }
       at = triangle_of(mesh_.across(beyond));
     }
-    if (!mesh_.inside(at)) return false;
+    if (!mesh_.inside(at)) return;
     // A centre that would encroach on ring edges is not inserted: the
     // edges are split instead (else it would sit close to an edge and
     // breed ever smaller triangles there).
@@ -177,15 +186,17 @@ class Refinement {
         if (s != kNoSide) split = split_segment(s) || split;
       }
       split_encroached();
-      return split;
+      if (split) bad_.push_back(corners);
+      return;
     }
     const VertexId v = mesh_.add_point(centre);
     if (mesh_.insert_into(v, at) != v) {
       mesh_.drop_last_point();
-      return false;
+      return;
     }
     --room_;
-    return true;
+    queue_around(v);
+    split_encroached();
   }
 
   // The ring edges on the border of the triangles whose circumcircles hold
@@ -226,6 +237,7 @@ class Refinement {
   const double shortest_mended_;
   std::uint32_t room_;
   std::vector<Edge> segments_;
+  std::deque<std::array<VertexId, 3>> bad_;
   std::vector<TriangleId> cavity_, visited_;
 };
 
