@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <random>
 #include <set>
 #include <utility>
 #include <vector>
@@ -238,6 +239,42 @@ class GridChecks {
   std::vector<P> points_;
   std::vector<std::pair<P, P>> ring_edges_;
 };
+
+using Ring = std::vector<std::pair<double, double>>;
+
+inline Ring rectangle(double x0, double y0, double x1, double y1) {
+  return {{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}};
+}
+
+// A random floor plan: an outline whose radius wobbles by up to `wobble`
+// from vertex to vertex (150 makes spikes of about 20 degrees, 20 none
+// below 100) around a grid of rectangular openings of random size, plus
+// random interior points.
+inline Plan random_plan(unsigned seed, int outline_points, int wobble, int openings_per_side,
+                        int interior) {
+  std::mt19937 generator(seed);
+  std::uniform_int_distribution<int> radius_change(-wobble, wobble);
+  Plan plan;
+  Ring outline;
+  const double kPi = 3.14159265358979323846;
+  for (int i = 0; i < outline_points; ++i) {
+    const double angle = 2 * kPi * i / outline_points;
+    const int radius = 5500 + radius_change(generator);
+    outline.push_back({std::round(radius * std::cos(angle)), std::round(radius * std::sin(angle))});
+  }
+  plan.ring(outline);
+  const int cell = 6000 / openings_per_side;
+  std::uniform_int_distribution<int> size(cell / 8, cell / 2 - 2);
+  for (int row = 0; row < openings_per_side; ++row)
+    for (int column = 0; column < openings_per_side; ++column) {
+      const int cx = -3000 + column * cell + cell / 2, cy = -3000 + row * cell + cell / 2;
+      const int w = size(generator), h = size(generator);
+      plan.ring(rectangle(cx - w, cy - h, cx + w, cy + h));
+    }
+  std::uniform_int_distribution<int> anywhere(-5800, 5800);
+  for (int i = 0; i < interior; ++i) plan.point(anywhere(generator), anywhere(generator));
+  return plan;
+}
 
 // Twice the signed area of ring r.
 inline std::int64_t ring_double_area(const Plan& plan, std::size_t r) {

@@ -126,6 +126,17 @@ TEST(RegionRefinement, MeetsTheAngleBound) {
   }
 }
 
+// A larger plan: a wavy outline around 49 openings, with interior points.
+TEST(RegionRefinement, MeetsTheAngleBoundOnARandomPlan) {
+  const Plan plan = random_plan(4, 600, 20, 7, 300);
+  double area = static_cast<double>(ring_double_area(plan, 0));
+  for (std::size_t r = 1; r < plan.rings.size(); ++r) area -= ring_double_area(plan, r);
+  const Refined result = refine(plan, 30, 100000);
+  ASSERT_EQ(result.code, QNUTIL_REGION_OK);
+  EXPECT_LT(result.added, 100000u);
+  EXPECT_GE(expect_tiles(plan, result, area / 2), 30);
+}
+
 TEST(RegionRefinement, CapAndNoBound) {
   const Plan plan = square_with_openings();
   const Refined capped = refine(plan, 30, 7);

@@ -17,11 +17,6 @@
 namespace region_test {
 namespace {
 
-using Ring = std::vector<std::pair<double, double>>;
-
-Ring rectangle(double x0, double y0, double x1, double y1) {
-  return {{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}};
-}
 Ring reversed(Ring ring) { return Ring(ring.rbegin(), ring.rend()); }
 
 // A rectangle with `per_side` points on each side (collinear runs).
@@ -159,36 +154,9 @@ INSTANTIATE_TEST_SUITE_P(Plans, RegionCases, ::testing::ValuesIn(kCases), [](con
   return name;
 });
 
-// A random floor plan: a wavy outline around a grid of rectangular
-// openings of random size, plus random interior points.
-Plan random_plan(unsigned seed, int outline_points, int openings_per_side, int interior) {
-  std::mt19937 generator(seed);
-  std::uniform_int_distribution<int> wobble(-150, 150);
-  Plan plan;
-  Ring outline;
-  const double kPi = 3.14159265358979323846;
-  for (int i = 0; i < outline_points; ++i) {
-    const double angle = 2 * kPi * i / outline_points;
-    const int radius = 5500 + wobble(generator);
-    outline.push_back({std::round(radius * std::cos(angle)), std::round(radius * std::sin(angle))});
-  }
-  plan.ring(outline);
-  const int cell = 6000 / openings_per_side;
-  std::uniform_int_distribution<int> size(cell / 8, cell / 2 - 2);
-  for (int row = 0; row < openings_per_side; ++row)
-    for (int column = 0; column < openings_per_side; ++column) {
-      const int cx = -3000 + column * cell + cell / 2, cy = -3000 + row * cell + cell / 2;
-      const int w = size(generator), h = size(generator);
-      plan.ring(rectangle(cx - w, cy - h, cx + w, cy + h));
-    }
-  std::uniform_int_distribution<int> anywhere(-5800, 5800);
-  for (int i = 0; i < interior; ++i) plan.point(anywhere(generator), anywhere(generator));
-  return plan;
-}
-
 TEST(RegionRandomPlans, ConstrainedDelaunayByBruteForce) {
   for (unsigned seed : {1u, 2u, 3u}) {
-    const Plan plan = random_plan(seed, 600, 7, 1500);
+    const Plan plan = random_plan(seed, 600, 150, 7, 1500);
     const Result result = triangulate(plan);
     ASSERT_EQ(result.code, QNUTIL_REGION_OK) << result.crossing_point;
     std::int64_t area = ring_double_area(plan, 0);
