@@ -43,6 +43,43 @@ std::size_t scale(const double* e, std::size_t e_size, double b, double* out) {
   return size;
 }
 
+namespace {
+
+// x + y == a + b exactly, for |a| >= |b| (or a == 0).
+void fast_two_sum(double a, double b, double& x, double& y) {
+  x = a + b;
+  y = b - (x - a);
+}
+
+}  // namespace
+
+std::size_t compress(double* e, std::size_t size) {
+  if (size == 0) return 0;
+  // Downwards: fold each term into the running sum, keeping the large
+  // parts at the top; then upwards, keeping the small parts at the bottom.
+  std::size_t bottom = size - 1;
+  double running = e[bottom];
+  for (std::size_t i = size - 1; i-- > 0;) {
+    double sum, error;
+    fast_two_sum(running, e[i], sum, error);
+    if (error != 0) {
+      e[bottom--] = sum;
+      running = error;
+    } else {
+      running = sum;
+    }
+  }
+  std::size_t top = 0;
+  for (std::size_t i = bottom + 1; i < size; ++i) {
+    double sum, error;
+    fast_two_sum(e[i], running, sum, error);
+    if (error != 0) e[top++] = error;
+    running = sum;
+  }
+  e[top++] = running;
+  return top;
+}
+
 int sign(const double* e, std::size_t size) {
   if (size == 0) return 0;
   return e[size - 1] > 0.0 ? 1 : (e[size - 1] < 0.0 ? -1 : 0);

@@ -56,6 +56,9 @@ std::size_t sum(const double* e, std::size_t e_size, const double* f, std::size_
                 double* out);
 // out = e * b; out must hold 2 * e_size terms.
 std::size_t scale(const double* e, std::size_t e_size, double b, double* out);
+// Rewrites e in place as an expansion of the same value with as few terms
+// as a sweep finds (usually two or three); returns the new size.
+std::size_t compress(double* e, std::size_t size);
 // Sign (-1, 0, 1) of an expansion.
 int sign(const double* e, std::size_t size);
 

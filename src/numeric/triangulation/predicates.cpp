@@ -26,12 +26,16 @@ std::size_t cross(double x, double y, double z, double w, double (&out)[4]) {
 }
 
 // e * (dx^2 + dy^2) for a cross product e.
+// Each step's result is compressed: the expansions stay a few terms long,
+// which makes the next steps cheap.
 std::size_t lifted(const double (&e)[4], std::size_t size, double dx, double dy,
                    double (&out)[32]) {
   double once[8], x_part[16], y_part[16];
-  const std::size_t x_size = exact::scale(once, exact::scale(e, size, dx, once), dx, x_part);
-  const std::size_t y_size = exact::scale(once, exact::scale(e, size, dy, once), dy, y_part);
-  return exact::sum(x_part, x_size, y_part, y_size, out);
+  std::size_t once_size = exact::compress(once, exact::scale(e, size, dx, once));
+  const std::size_t x_size = exact::compress(x_part, exact::scale(once, once_size, dx, x_part));
+  once_size = exact::compress(once, exact::scale(e, size, dy, once));
+  const std::size_t y_size = exact::compress(y_part, exact::scale(once, once_size, dy, y_part));
+  return exact::compress(out, exact::sum(x_part, x_size, y_part, y_size, out));
 }
 
 // The in-circle determinant when the coordinate differences are exact
