@@ -14,6 +14,7 @@
 #include "json_output.h"
 #include "progress.h"
 #include "bmp_output.h"
+#include "failure.h"
 #include "registry.h"
 
 namespace qnutil_tool {
@@ -48,9 +49,11 @@ struct Vertex {
   float x, y;
 };
 
-// Reads one "x y" pair per line; blank lines and lines starting with '#'
-// are skipped. Returns false (with a message) on anything else.
-bool read_points(const std::string& path, std::vector<Vertex>& points) {
+// Calls visit(number, line) for each line of the file that is neither
+// blank nor a '#' comment, until it returns false. False (with a message)
+// when the file cannot be opened or a visit failed.
+template <class Visit>
+bool for_each_data_line(const std::string& path, Visit&& visit) {
   std::ifstream in(path);
   if (!in) {
     std::fprintf(stderr, "qnutil tri: cannot open %s\n", path.c_str());
@@ -60,16 +63,28 @@ bool read_points(const std::string& path, std::vector<Vertex>& points) {
   for (int number = 1; std::getline(in, line); ++number) {
     const auto first = line.find_first_not_of(" \t\r");
     if (first == std::string::npos || line[first] == '#') continue;
+    if (!visit(number, line)) return false;
+  }
+  return true;
+}
+
+// Reports a bad line of an input file; returns false.
+bool line_error(const std::string& path, int number, const std::string& reason) {
+  fail("tri", path + ":" + std::to_string(number), reason);
+  return false;
+}
+
+// One "x y" pair per line.
+bool read_points(const std::string& path, std::vector<Vertex>& points) {
+  return for_each_data_line(path, [&](int number, const std::string& line) {
     std::istringstream fields(line);
     Vertex v{};
     std::string rest;
-    if (!(fields >> v.x >> v.y) || (fields >> rest)) {
-      std::fprintf(stderr, "qnutil tri: %s:%d: expected \"x y\"\n", path.c_str(), number);
-      return false;
-    }
+    if (!(fields >> v.x >> v.y) || (fields >> rest))
+      return line_error(path, number, "expected \"x y\"");
     points.push_back(v);
-  }
-  return true;
+    return true;
+  });
 }
 
 struct Triangulation {
@@ -200,49 +215,38 @@ struct Plan {
 };
 
 bool read_plan(const std::string& path, Plan& plan) {
-  std::ifstream in(path);
-  if (!in) {
-    std::fprintf(stderr, "qnutil tri: cannot open %s\n", path.c_str());
-    return false;
-  }
   enum { kBeforeRings, kInRing, kInteriorPoints } section = kBeforeRings;
-  std::string line;
-  for (int number = 1; std::getline(in, line); ++number) {
+  return for_each_data_line(path, [&](int number, const std::string& line) {
     std::istringstream fields(line);
     std::string first, rest;
-    if (!(fields >> first) || first[0] == '#') continue;
+    fields >> first;
     if (first == "ring" || first == "points") {
-      if (fields >> rest || section == kInteriorPoints) {
-        std::fprintf(
-            stderr, "qnutil tri: %s:%d: \"%s\" %s\n", path.c_str(), number, first.c_str(),
-            section == kInteriorPoints ? "after the interior points" : "takes nothing after it");
-        return false;
-      }
+      if (section == kInteriorPoints)
+        return line_error(path, number, "\"" + first + "\" after the interior points");
+      if (fields >> rest)
+        return line_error(path, number, "\"" + first + "\" takes nothing after it");
       section = first == "ring" ? kInRing : kInteriorPoints;
       if (section == kInRing) plan.rings.push_back(0);
-      continue;
+      return true;
     }
+    if (section == kBeforeRings) return line_error(path, number, "expected \"ring\" first");
     std::istringstream pair(line);
     double x, y;
-    if (section == kBeforeRings || !(pair >> x >> y) || (pair >> rest)) {
-      std::fprintf(stderr, "qnutil tri: %s:%d: expected %s\n", path.c_str(), number,
-                   section == kBeforeRings ? "\"ring\" first" : "\"x y\"");
-      return false;
-    }
+    if (!(pair >> x >> y) || (pair >> rest)) return line_error(path, number, "expected \"x y\"");
     plan.xy.push_back(x), plan.xy.push_back(y);
     plan.lines.push_back(number);
     if (section == kInRing) ++plan.rings.back();
-  }
-  return true;
+    return true;
+  });
 }
 
-// Runs the library's region triangulation; false (with a message naming
-// the input line where it can) when it refuses the plan.
 struct Refinement {
   double min_angle = 0;
   unsigned long max_added = 100000;
 };
 
+// Runs the library's region triangulation; false (with a message naming
+// the input line where it can) when it refuses the plan.
 bool triangulate_rings(const std::string& path, const Plan& plan, const Refinement& refinement,
                        Triangulation& result) {
   const std::size_t point_count = plan.xy.size() / 2;
@@ -256,19 +260,15 @@ bool triangulate_rings(const std::string& path, const Plan& plan, const Refineme
       static_cast<unsigned int>(plan.rings.size()), refinement.min_angle,
       static_cast<unsigned int>(refinement.max_added), &array, &count, &added, &added_count,
       &crossing);
-  if (code == QNUTIL_REGION_CROSSING) {
-    std::fprintf(stderr,
-                 "qnutil tri: %s:%d: the ring edge from this point crosses another ring edge\n",
-                 path.c_str(), plan.lines[crossing]);
-    return false;
-  }
+  if (code == QNUTIL_REGION_CROSSING)
+    return line_error(path, plan.lines[crossing],
+                      "the ring edge from this point crosses another ring edge");
   if (code == QNUTIL_REGION_BAD_ARGUMENT) {
     std::fprintf(stderr, "qnutil tri: --min-angle must be 0 to 34 and --max-added leave room\n");
     return false;
   }
   if (code == QNUTIL_REGION_BAD_COORDINATE) {
-    std::fprintf(stderr, "qnutil tri: %s: coordinates must be finite and within +-1e30\n",
-                 path.c_str());
+    fail("tri", path, "coordinates must be finite and within +-1e30");
     return false;
   }
   if (code != QNUTIL_REGION_OK) {

@@ -18,14 +18,17 @@ T* new_array_copy(const Source& source) {
   return array;
 }
 
-int triangulate(const qnutil::triangulation::region::RegionInput& input, unsigned int** triangles,
-                unsigned int* triangle_count, double** added_points, unsigned int* added_count,
-                unsigned int* crossing_point) {
+// `added_points` and `added_count` are required where refinement may add
+// points, and null otherwise.
+int triangulate(const qnutil::triangulation::region::RegionInput& input, bool refining,
+                unsigned int** triangles, unsigned int* triangle_count, double** added_points,
+                unsigned int* added_count, unsigned int* crossing_point) {
   if (triangles != nullptr) *triangles = nullptr;
   if (triangle_count != nullptr) *triangle_count = 0;
   if (added_points != nullptr) *added_points = nullptr;
   if (added_count != nullptr) *added_count = 0;
   if (triangles == nullptr || triangle_count == nullptr ||
+      (refining && (added_points == nullptr || added_count == nullptr)) ||
       (input.coordinates == nullptr && input.point_count > 0) ||
       (input.ring_sizes == nullptr && input.ring_count > 0))
     return QNUTIL_REGION_BAD_ARGUMENT;
@@ -51,8 +54,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL
 TriangulateRegion(const double* points, unsigned int point_count, const unsigned int* ring_sizes,
                   unsigned int ring_count, unsigned int** triangles, unsigned int* triangle_count,
                   unsigned int* crossing_point) {
-  return triangulate({points, point_count, ring_sizes, ring_count, 0, 0}, triangles, triangle_count,
-                     nullptr, nullptr, crossing_point);
+  return triangulate({points, point_count, ring_sizes, ring_count, 0, 0}, false, triangles,
+                     triangle_count, nullptr, nullptr, crossing_point);
 }
 
 extern "C" QNUTIL_API int QNUTIL_CALL TriangulateRegionRefined(
@@ -60,13 +63,8 @@ extern "C" QNUTIL_API int QNUTIL_CALL TriangulateRegionRefined(
     unsigned int ring_count, double min_angle, unsigned int max_added_points,
     unsigned int** triangles, unsigned int* triangle_count, double** added_points,
     unsigned int* added_count, unsigned int* crossing_point) {
-  if (added_points == nullptr || added_count == nullptr) {
-    if (triangles != nullptr) *triangles = nullptr;
-    if (triangle_count != nullptr) *triangle_count = 0;
-    return QNUTIL_REGION_BAD_ARGUMENT;
-  }
   return triangulate({points, point_count, ring_sizes, ring_count, min_angle, max_added_points},
-                     triangles, triangle_count, added_points, added_count, crossing_point);
+                     true, triangles, triangle_count, added_points, added_count, crossing_point);
 }
 
 extern "C" QNUTIL_API void QNUTIL_CALL FreeRegionTriangles(unsigned int** triangles) {

@@ -57,30 +57,28 @@ void RegionMesh::set_outer(Side s, Side outer, std::uint8_t flags) {
 
 // The visibility walk: step across any side that has p strictly beyond it.
 // On a Delaunay mesh it cannot cycle, whichever such side it takes.
-TriangleId RegionMesh::locate(const Point& p, TriangleId start) const {
+RegionMesh::WalkEnd RegionMesh::walk(const Point& p, TriangleId start, bool ring_edges_stop,
+                                     std::size_t most_steps) const {
   TriangleId t = start;
   unsigned entered = 3;  // the side just crossed, which p is known to be inside of
-  for (;;) {
+  for (std::size_t step = 0; step <= most_steps; ++step) {
     const MeshTriangle& triangle = triangles_[t];
-    bool moved = false;
-    for (unsigned i = 0; i < 3 && !moved; ++i) {
-      if (i == entered) continue;
-      const Point& a = points_[triangle.corner[next_index(i)]];
-      const Point& b = points_[triangle.corner[previous_index(i)]];
-      if (orientation(a, b, p) < 0) {
-        const Side beyond = triangle.across[i];
-        t = triangle_of(beyond);
-        entered = index_of(beyond);
-        moved = true;
-      }
-    }
-    if (!moved) return t;
+    Side beyond = kNoSide;
+    for (unsigned i = 0; i < 3 && beyond == kNoSide; ++i)
+      if (i != entered && orientation(points_[triangle.corner[next_index(i)]],
+                                      points_[triangle.corner[previous_index(i)]], p) < 0)
+        beyond = side_of(t, i);
+    if (beyond == kNoSide) return {t, kNoSide};
+    if (ring_edges_stop && (flags_[beyond] & kConstrained) != 0) return {t, beyond};
+    t = triangle_of(across(beyond));
+    entered = index_of(across(beyond));
   }
+  return {kNoTriangle, kNoSide};
 }
 
 void RegionMesh::fan(VertexId v, const VertexId* ring, const Side* outer,
                      const std::uint8_t* outer_flags, const std::uint8_t* spoke_flags,
-                     const TriangleId* slots, unsigned count) {
+                     const bool* slot_inside, const TriangleId* slots, unsigned count) {
   for (unsigned k = 0; k < count; ++k) {
     const unsigned following = k + 1 == count ? 0 : k + 1;
     triangles_[slots[k]].corner[0] = v;
@@ -96,10 +94,18 @@ void RegionMesh::fan(VertexId v, const VertexId* ring, const Side* outer,
     flags_[spoke] = flags_[back] = spoke_flags[k];
   }
   triangle_at_[v] = slots[0];
+  pending_.clear();
+  for (unsigned k = 0; k < count; ++k) {
+    set_inside(slots[k], slot_inside[k]);
+    pending_.push_back(side_of(slots[k], 0));
+  }
+  legalize_around(pending_);
+  last_inserted_ = v;
 }
 
 VertexId RegionMesh::insert(VertexId v) {
-  return insert_into(v, locate(points_[v], triangle_at_[last_inserted_]));
+  const std::size_t unbounded = triangles_.size();  // no cycle on a Delaunay mesh
+  return insert_into(v, walk(points_[v], triangle_at_[last_inserted_], false, unbounded).triangle);
 }
 
 VertexId RegionMesh::add_point(const Point& p) {
@@ -142,15 +148,9 @@ void RegionMesh::split_triangle(VertexId v, TriangleId t) {
     outer[k] = triangle.across[previous_index(k)];
     outer_flags[k] = flags_[side_of(t, previous_index(k))];
   }
+  const bool slot_inside[3] = {region, region, region};
   const TriangleId slots[3] = {t, new_triangle(), new_triangle()};
-  fan(v, ring, outer, outer_flags, spokes, slots, 3);
-  pending_.clear();
-  for (const TriangleId slot : slots) {
-    set_inside(slot, region);
-    pending_.push_back(side_of(slot, 0));
-  }
-  legalize_around(pending_);
-  last_inserted_ = v;
+  fan(v, ring, outer, outer_flags, spokes, slot_inside, slots, 3);
 }
 
 // Four triangles around v over the quadrilateral a, x, q, y of the side's
@@ -173,16 +173,17 @@ void RegionMesh::split_side(VertexId v, Side s) {
       flags_[side_of(t, previous_index(i))], flags_[side_of(u, next_index(j))],
       flags_[side_of(u, previous_index(j))], flags_[side_of(t, next_index(i))]};
   const std::uint8_t spokes[4] = {flags_[s], 0, flags_[s], 0};
-  const TriangleId slots[4] = {t, u, new_triangle(), new_triangle()};
-  fan(v, ring, outer, outer_flags, spokes, slots, 4);
   const bool slot_inside[4] = {near_inside, far_inside, far_inside, near_inside};
-  pending_.clear();
-  for (unsigned k = 0; k < 4; ++k) {
-    set_inside(slots[k], slot_inside[k]);
-    pending_.push_back(side_of(slots[k], 0));
-  }
-  legalize_around(pending_);
-  last_inserted_ = v;
+  const TriangleId slots[4] = {t, u, new_triangle(), new_triangle()};
+  fan(v, ring, outer, outer_flags, spokes, slot_inside, slots, 4);
+}
+
+bool RegionMesh::flippable(Side s) const {
+  const Side o = across(s);
+  if (o == kNoSide || (flags_[s] & kConstrained) != 0) return false;
+  const MeshTriangle& triangle = triangles_[triangle_of(s)];
+  return in_circle(points_[triangle.corner[0]], points_[triangle.corner[1]],
+                   points_[triangle.corner[2]], points_[corner(o)]) > 0;
 }
 
 // Lawson's flips around a new vertex, which is corner 0 of every pending
@@ -191,12 +192,8 @@ void RegionMesh::legalize_around(std::vector<Side>& pending) {
   while (!pending.empty()) {
     const Side s = pending.back();
     pending.pop_back();
-    const Side o = across(s);
-    if (o == kNoSide || (flags_[s] & kConstrained) != 0) continue;
-    const MeshTriangle& triangle = triangles_[triangle_of(s)];
-    if (in_circle(points_[triangle.corner[0]], points_[triangle.corner[1]],
-                  points_[triangle.corner[2]], points_[corner(o)]) > 0) {
-      const TriangleId t = triangle_of(s), u = triangle_of(o);
+    if (flippable(s)) {
+      const TriangleId t = triangle_of(s), u = triangle_of(across(s));
       flip(s);
       pending.push_back(side_of(t, 0));
       pending.push_back(side_of(u, 0));
@@ -262,13 +259,8 @@ void RegionMesh::restore_delaunay(std::vector<std::pair<VertexId, VertexId>>& ed
     const auto [x, y] = edges.back();
     edges.pop_back();
     const Side s = find_side(x, y);
-    if (s == kNoSide || (flags_[s] & kConstrained) != 0) continue;
-    const Side o = across(s);
-    if (o == kNoSide) continue;
-    const MeshTriangle& triangle = triangles_[triangle_of(s)];
-    const VertexId p = corner(s), q = corner(o);
-    if (in_circle(points_[triangle.corner[0]], points_[triangle.corner[1]],
-                  points_[triangle.corner[2]], points_[q]) > 0) {
+    if (s != kNoSide && flippable(s)) {
+      const VertexId p = corner(s), q = corner(across(s));
       flip(s);
       edges.emplace_back(p, x);
       edges.emplace_back(x, q);

@@ -22,6 +22,7 @@ using VertexId = std::uint32_t;
 using TriangleId = std::uint32_t;
 using Side = std::uint32_t;
 constexpr Side kNoSide = UINT32_MAX;
+constexpr TriangleId kNoTriangle = UINT32_MAX;
 
 // Side flags: a ring edge, and whether rings pass along it an odd number
 // of times (which is what separates inside from outside).
@@ -98,6 +99,17 @@ class RegionMesh {
     } while (t != first);
   }
 
+  // Where the visibility walk from triangle `start` towards p ends: in the
+  // triangle that holds p (`blocked` kNoSide), or, when ring edges stop
+  // it, at the first ring-edge side in its way; `triangle` is kNoTriangle
+  // when it took more than `most_steps` steps.
+  struct WalkEnd {
+    TriangleId triangle;
+    Side blocked;
+  };
+  WalkEnd walk(const Point& p, TriangleId start, bool ring_edges_stop,
+               std::size_t most_steps) const;
+
   // The side running from `from` to `to`, or kNoSide when there is no such edge.
   Side find_side(VertexId from, VertexId to) const;
   // Replaces the side's edge by the other diagonal of its two triangles,
@@ -111,20 +123,24 @@ class RegionMesh {
   void restore_delaunay(std::vector<std::pair<VertexId, VertexId>>& edges);
 
  private:
-  TriangleId locate(const Point& p, TriangleId start) const;
   void split_triangle(VertexId v, TriangleId t);
   void link(Side a, Side b);
   void set_outer(Side s, Side outer, std::uint8_t flags);
   // Replaces the triangles `slots` (as many as `ring` has vertices) by a
-  // fan around v over the ring's outer sides.
+  // fan around v over the ring's outer sides, each slot inside or not as
+  // `slot_inside` says, and makes the mesh around v Delaunay again.
   void fan(VertexId v, const VertexId* ring, const Side* outer, const std::uint8_t* outer_flags,
-           const std::uint8_t* spoke_flags, const TriangleId* slots, unsigned count);
+           const std::uint8_t* spoke_flags, const bool* slot_inside, const TriangleId* slots,
+           unsigned count);
   TriangleId new_triangle();
+  // Whether the side's edge is unconstrained and not locally Delaunay:
+  // the corner across it lies inside the circumcircle of s's triangle.
+  bool flippable(Side s) const;
   void legalize_around(std::vector<Side>& pending);
 
   std::vector<Point> points_;
   std::vector<MeshTriangle> triangles_;
-  std::vector<std::uint8_t> flags_;  // four per triangle, the fourth unused
+  std::vector<std::uint8_t> flags_;  // four per triangle: its sides', then its inside flag
   std::vector<TriangleId> triangle_at_;
   std::vector<Side> pending_;
   VertexId input_count_;

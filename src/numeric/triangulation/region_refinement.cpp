@@ -8,14 +8,14 @@
 #include <vector>
 
 #include "numeric/triangulation/box.h"
+#include "qnutil/numeric.h"
 
 namespace qnutil::triangulation::region {
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 // A walk towards a circumcentre that takes longer than this has lost its
 // way in a region of skinny triangles: that triangle is left as it is.
-constexpr int kLongestWalk = 100000;
+constexpr std::size_t kLongestWalk = 100000;
 // Near a small angle between ring edges refinement would go on shrinking
 // triangles towards the corner without end: sides shorter than this share
 // of the plan's extent are neither refined nor split.
@@ -26,20 +26,26 @@ double input_extent(const RegionMesh& mesh) {
   return std::max(box.width(), box.height());
 }
 
+// Whether p lies strictly inside the circle with diameter x-y (it sees
+// the segment under more than a right angle).
+bool inside_diametral_circle(const Point& p, const Point& x, const Point& y) {
+  return (x.x - p.x) * (y.x - p.x) + (x.y - p.y) * (y.y - p.y) < 0;
+}
+
 using Edge = std::pair<VertexId, VertexId>;
 
 class Refinement {
  public:
   Refinement(RegionMesh& mesh, const RefinementLimits& limits)
       : mesh_(mesh),
-        smallest_sine_(std::sin(limits.min_angle_degrees * kPi / 180)),
+        smallest_sine_(sin_deg(limits.min_angle_degrees)),
         shortest_mended_(kSmallestFeature * input_extent(mesh)),
         room_(limits.max_added) {}
 
   void run() {
     for (TriangleId t = 0; t < mesh_.triangles().size(); ++t)
       if (mesh_.inside(t)) {
-        queue_constrained_sides(t);
+        for (unsigned i = 0; i < 3; ++i) queue_if_ring_edge(side_of(t, i));
         queue_if_bad(t);
       }
     split_encroached();
@@ -79,19 +85,14 @@ class Refinement {
   void queue_around(VertexId v) {
     mesh_.for_each_around(v, [&](TriangleId t, unsigned k) {
       queue_if_bad(t);
-      const Side opposite = side_of(t, k);
-      if ((mesh_.flags(opposite) & kConstrained) != 0)
-        segments_.emplace_back(mesh_.origin(opposite), mesh_.destination(opposite));
+      queue_if_ring_edge(side_of(t, k));
       return false;
     });
   }
 
-  void queue_constrained_sides(TriangleId t) {
-    for (unsigned i = 0; i < 3; ++i) {
-      const Side s = side_of(t, i);
-      if ((mesh_.flags(s) & kConstrained) != 0)
-        segments_.emplace_back(mesh_.origin(s), mesh_.destination(s));
-    }
+  void queue_if_ring_edge(Side s) {
+    if ((mesh_.flags(s) & kConstrained) != 0)
+      segments_.emplace_back(mesh_.origin(s), mesh_.destination(s));
   }
 
   // A vertex of an inside triangle at the edge sees it under more than a
@@ -99,9 +100,9 @@ class Refinement {
   bool encroached(Side s) const {
     for (const Side half : {s, mesh_.across(s)}) {
       if (half == kNoSide || !mesh_.inside(triangle_of(half))) continue;
-      const Point &p = mesh_.point(mesh_.corner(half)), &x = mesh_.point(mesh_.origin(half)),
-                  &y = mesh_.point(mesh_.destination(half));
-      if ((x.x - p.x) * (y.x - p.x) + (x.y - p.y) * (y.y - p.y) < 0) return true;
+      if (inside_diametral_circle(mesh_.point(mesh_.corner(half)), mesh_.point(mesh_.origin(half)),
+                                  mesh_.point(mesh_.destination(half))))
+        return true;
     }
     return false;
   }
@@ -157,22 +158,13 @@ class Refinement {
     if (!std::isfinite(centre.x) || !std::isfinite(centre.y)) return;
 
     // Walk towards the centre; a ring edge on the way is split instead.
-    TriangleId at = t;
-    for (int step = 0;; ++step) {
-      if (step == kLongestWalk) return;
-      const MeshTriangle& here = mesh_.triangles()[at];
-      Side beyond = kNoSide;
-      for (unsigned i = 0; i < 3 && beyond == kNoSide; ++i)
-        if (orientation(mesh_.point(here.corner[next_index(i)]),
-                        mesh_.point(here.corner[previous_index(i)]), centre) < 0)
-          beyond = side_of(at, i);
-      if (beyond == kNoSide) break;
-      if ((mesh_.flags(beyond) & kConstrained) != 0) {
-        if (split_segment(beyond)) bad_.push_back(corners);
-        return;
-      }
-      at = triangle_of(mesh_.across(beyond));
+    const RegionMesh::WalkEnd end = mesh_.walk(centre, t, true, kLongestWalk);
+    if (end.blocked != kNoSide) {
+      if (split_segment(end.blocked)) bad_.push_back(corners);
+      return;
     }
+    const TriangleId at = end.triangle;
+    if (at == kNoTriangle) return;
     if (!mesh_.inside(at)) return;
     // A centre that would encroach on ring edges is not inserted: the
     // edges are split instead (else it would sit close to an edge and
@@ -211,9 +203,9 @@ class Refinement {
       cavity_.pop_back();
       for (unsigned i = 0; i < 3; ++i) {
         const Side s = side_of(t, i);
-        const Point &x = mesh_.point(mesh_.origin(s)), &y = mesh_.point(mesh_.destination(s));
         if ((mesh_.flags(s) & kConstrained) != 0) {
-          if ((x.x - p.x) * (y.x - p.x) + (x.y - p.y) * (y.y - p.y) < 0)
+          if (inside_diametral_circle(p, mesh_.point(mesh_.origin(s)),
+                                      mesh_.point(mesh_.destination(s))))
             found.emplace_back(mesh_.origin(s), mesh_.destination(s));
           continue;
         }
