@@ -41,17 +41,6 @@ TEST(EnvHandles, CloseRefusesWhileSubenvironmentLives) {
   EXPECT_EQ(env_close(root, 0), ENV_OK);
 }
 
-TEST(EnvHandles, ClosingWithFallbackClosesTheChain) {
-  EnvHandle* base = env_open(3, nullptr);
-  EnvHandle* h = env_open(7, base);
-  EXPECT_EQ(env_close(base, 0), ENV_IN_USE);
-  EXPECT_EQ(env_close(h, 1), ENV_OK);  // base went with it: nothing left to leak
-  base = env_open(3, nullptr);
-  h = env_open(7, base);
-  EXPECT_EQ(env_close(h, 0), ENV_OK);
-  EXPECT_EQ(env_close(base, 0), ENV_OK);
-}
-
 TEST(EnvHandles, FallbackChainAnswersWithItsEnvId) {
   Env bottom(1);
   ASSERT_EQ(env_put(bottom, "S", "deep", "x"), ENV_OK);
@@ -110,51 +99,6 @@ INSTANTIATE_TEST_SUITE_P(
                       K{"S", "@@", 1, ENV_BAD_PATH, ENV_BAD_PATH},
                       K{"S", "data@1@x", 1, ENV_NOT_FOUND, 0}));
 
-// Seen through a sub-environment, its anchor is the element checked.
-TEST(EnvHandles, CheckAndCountOnEmptyRootAndOnSubAnchors) {
-  Env env;
-  EXPECT_EQ(env_check(env, nullptr, nullptr, 1), ENV_NOT_FOUND);
-  put_all(env, {{"S", "d", "1"}, {"B", "blk@y", "1"}, {"B", "blk@z", "1"}});
-  ASSERT_EQ(env_put_external(env, "S", "e", 1), ENV_OK);
-  EnvHandle* empty = env_create_subenv(env, "S", "b");
-  ASSERT_NE(empty, nullptr);
-  EXPECT_EQ(env_check(empty, nullptr, nullptr, 1), ENV_EXTERNAL);  // nothing beneath yet
-  ASSERT_EQ(env_put(empty, nullptr, "x", "1"), ENV_OK);
-  EXPECT_EQ(env_check(empty, nullptr, nullptr, 1), ENV_BLOCK);
-  ASSERT_EQ(env_delete(empty, nullptr, "x"), ENV_OK);
-  EXPECT_EQ(env_check(empty, nullptr, nullptr, 1), ENV_NOT_FOUND);  // an empty block
-  env_close(empty, 0);
-  EnvHandle* d = env_open_subenv(env, "S", "d", 1);
-  EXPECT_EQ(env_check(d, nullptr, nullptr, 1), ENV_DATA);
-  EXPECT_EQ(env_exist_data(d, nullptr, nullptr, 1), 1);
-  EXPECT_EQ(env_count_elements(d, nullptr, nullptr, 1), 0);
-  env_close(d, 0);
-  EnvHandle* blk = env_open_subenv(env, "B", "blk", 1);
-  EXPECT_EQ(env_count_elements(blk, nullptr, nullptr, 1), 2);
-  env_close(blk, 0);
-  EXPECT_EQ(env_exist(env, "S", "e", 1), 1);
-  EXPECT_EQ(env_exist_external(env, "S", "e", 1), 1);
-  EXPECT_EQ(env_exist_block(env, "S", "e", 1), 0);
-  EXPECT_EQ(env_exist(env, "S", "missing", 1), 0);
-}
-
-TEST(EnvHandles, SubenvironmentSharesIdAndViewsTheSubtree) {
-  Env env(42);
-  put_all(env, {{"S", "frame@color", "red"}, {"S", "a", "1"}});
-  EnvHandle* sub = env_open_subenv(env, "S", "frame", 1);
-  ASSERT_NE(sub, nullptr);
-  char buf[16];
-  EXPECT_EQ(env_get(sub, "ignored", "color", 1, sizeof buf, buf), 42);
-  EXPECT_EQ(env_put(sub, nullptr, "width", "3"), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "frame@width"), "3");
-  EXPECT_EQ(env_open_subenv(env, "S", "nothing", 1), nullptr);
-  env_close(sub, 0);
-  sub = env_open_subenv(env, "S", nullptr, 1);  // a section cannot be deleted from inside
-  EXPECT_EQ(env_delete(sub, "S", nullptr), ENV_ERROR);
-  EXPECT_EQ(env_delete(sub, nullptr, "a"), ENV_OK);
-  env_close(sub, 0);
-}
-
 TEST(EnvHandles, DeleteFreesSubtreeAndCountsDrop) {
   Env env;
   put_all(env, {{"S", "a", "1"}, {"S", "b@c@d", "2"}, {"S", "e", "3"}});
@@ -192,21 +136,6 @@ TEST(EnvHandles, InsertBefore) {
   EXPECT_EQ(env_insert_before(env, "S", "zz", "X"), ENV_NOT_FOUND);
   MessageCapture quiet;
   EXPECT_EQ(env_insert_before(env, "S", "@", "X"), ENV_ERROR);
-}
-
-TEST(EnvHandles, InsertBeforeKeepsOccurrenceNumbersInLongLists) {
-  Env env;
-  for (int i = 0; i < 100; ++i)
-    ASSERT_EQ(env_put(env, "S", ("n" + std::to_string(i)).c_str(), "v"), 0);
-  ASSERT_EQ(env_put(env, "S", "n50@2", "second"), ENV_OK);
-  EXPECT_EQ(env_insert_before(env, "S", "n50", "n50"), ENV_OK);  // a new first n50
-  EXPECT_EQ(env_check(env, "S", "n50", 1), ENV_EXTERNAL);
-  EXPECT_EQ(get_text(env, "S", "n50@2"), "v");
-  EXPECT_EQ(get_text(env, "S", "n50@3"), "second");
-  EXPECT_EQ(env_count_path(env, "S", "n50", 1), 3);
-  EXPECT_EQ(env_delete(env, "S", "n50"), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "n50"), "v");
-  EXPECT_EQ(get_text(env, "S", "n50@2"), "second");
 }
 
 TEST(EnvHandles, OpenPutDeleteCloseCyclesReleaseEverything) {

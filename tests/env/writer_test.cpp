@@ -56,36 +56,6 @@ TEST(EnvWrite, LongLinesContinueWhereLevelPlusIndexIsAMultipleOf60) {
   EXPECT_EQ(write_text(sections), head.substr(0, 59) + "\\\n" + head.substr(59) + "\n");
 }
 
-TEST(EnvWrite, WriteFileUsesTextModeAndReadsBack) {
-  qnutil_test::ScratchDir dir;
-  Env env;
-  ASSERT_EQ(env_put(env, "S", "a@b", "1"), ENV_OK);
-  const std::string file = dir.file("out.env");
-  env_write_file(file.c_str(), env);
-  const std::string bytes = qnutil_test::read_file(file);
-#ifdef _WIN32
-  EXPECT_EQ(bytes, "[S]\r\n  a ={\r\n    b =1\r\n  }\r\n");
-#else
-  EXPECT_EQ(bytes, "[S]\n  a ={\n    b =1\n  }\n");
-#endif
-  Env back;
-  ASSERT_EQ(env_read_file(file.c_str(), back), ENV_OK);
-  EXPECT_EQ(write_text(back), write_text(env));
-}
-
-TEST(EnvWrite, DeepTreesAreWrittenIteratively) {
-  constexpr int kDepth = 3000;
-  std::string path = "b";
-  for (int i = 1; i < kDepth; ++i) path += "@b";
-  Env env;
-  ASSERT_EQ(env_put(env, "S", path.c_str(), "leaf"), ENV_OK);
-  const std::string text = write_text(env);
-  Env back;
-  ASSERT_EQ(read_text(back, text), ENV_OK);
-  EXPECT_EQ(get_text(back, "S", path.c_str()), "leaf");
-  EXPECT_EQ(write_text(back), text);
-}
-
 // Random trees of data elements whose names and texts the format carries:
 // names without '=' that neither start nor end with a blank, do not start
 // with '[', '}' or ';'; texts without line ends that neither start with a

@@ -87,25 +87,6 @@ TEST_F(Fio, DetectsTheHeader) {
   }
 }
 
-TEST_F(Fio, AppendAndTextModesIgnoreTheHeader) {
-  put("1.1  @mbMOTOROLA");
-  QnUtilFioFile* file = open(QNUTIL_FIO_READ | QNUTIL_FIO_TEXT | QNUTIL_FIO_HEADER);
-  ASSERT_NE(file, nullptr);
-  EXPECT_EQ(file->byteOrder, QNUTIL_FIO_LITTLE_ENDIAN);
-  EXPECT_EQ(fio_getchar(file, nullptr), '1');
-  fio_close(file);
-  for (auto [mode, name] :
-       {std::pair{QNUTIL_FIO_APPEND | QNUTIL_FIO_HEADER, "data.bin"},
-        std::pair{QNUTIL_FIO_WRITE | QNUTIL_FIO_TEXT | QNUTIL_FIO_HEADER, "text.txt"}}) {
-    file = open(mode, name);
-    ASSERT_NE(file, nullptr);
-    fio_putchar(file, '+');
-    fio_close(file);
-  }
-  EXPECT_EQ(contents(), "1.1  @mbMOTOROLA+");
-  EXPECT_EQ(contents("text.txt"), "+");
-}
-
 // Bytes come back unsigned; at the end the byte reads as 0xFF.
 TEST_F(Fio, GetcharAndSeekFromEachOrigin) {
   put("0123456789\xC8");
@@ -196,21 +177,6 @@ TEST(PutString, WritesAFixedWidthField) {
     std::fflush(stream.stream);
     EXPECT_EQ(read_file(stream.dir.file("s")), c.written) << c.text << " " << c.width;
   }
-}
-
-TEST(StreamFields, RejectBadArgumentsAndWriteErrors) {
-  StreamFile stream("abc");
-  char buf[4] = "zz";
-  EXPECT_EQ(QnUtil_GetString(nullptr, 3, buf), -1);
-  EXPECT_EQ(QnUtil_GetString(stream.stream, 0, buf), -1);
-  EXPECT_EQ(QnUtil_GetString(stream.stream, -5, buf), -1);
-  EXPECT_STREQ(buf, "zz");
-  EXPECT_EQ(QnUtil_GetString(stream.stream, 3, nullptr), -1);
-  EXPECT_EQ(QnUtil_PutString(nullptr, "a", 1), -1);
-  std::FILE* read_only = std::fopen(stream.dir.file("s").c_str(), "rb");
-  ASSERT_NE(read_only, nullptr);
-  EXPECT_EQ(QnUtil_PutString(read_only, "abc", 5), -1);
-  std::fclose(read_only);
 }
 
 }  // namespace

@@ -78,16 +78,6 @@ TEST(ProgPathAppData, AppendsTheHostsFoldersWhenTheyFit) {
   }
 }
 
-TEST(NullPointers, AreRefused) {
-  EXPECT_EQ(QnUtil_GetProgPathAppData(nullptr), nullptr);
-  EXPECT_EQ(QnUtil_GetProgPathRoamingAppData(nullptr), 0);
-  char buf[260];
-  std::memset(buf, 'x', sizeof buf);  // unterminated
-  EXPECT_EQ(QnUtil_GetProgPathAppData(buf), nullptr);
-  EXPECT_EQ(GetLocalMachineRegistryEntry(nullptr, 8, buf), 0);
-  EXPECT_EQ(GetLocalMachineRegistryEntry("Software", 8, nullptr), 0);
-}
-
 #ifndef _WIN32
 
 // Sets (value non-null) or removes an environment variable for one scope.

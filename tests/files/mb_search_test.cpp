@@ -95,17 +95,6 @@ TEST_F(MbSearch, HigherNumberedNameWinsBeforeThePlace) {
   fs::remove(root_file);
 }
 
-// One full round of all 65536 names in all three places.
-TEST_F(MbSearch, MissingConfigurationIsReported) {
-  MessageCapture capture;
-  char out[QNUTIL_PATH_SIZE] = "untouched";
-  EXPECT_EQ(QnUtil_MB_SuchePfad("Pfade", "daten", out), -1);
-  EXPECT_STREQ(out, "untouched");
-  ASSERT_EQ(capture.boxes().size(), 1u);
-  EXPECT_EQ(capture.boxes()[0].text, "Es konnte keine mb.ini (mb[1-9].ini) gefunden werden!");
-  EXPECT_EQ(capture.boxes()[0].caption, "MESSAGE in \"qnutilmisc\" line 75:");
-}
-
 // The file itself in the current or MB folder; else the folders listed
 // under the key in order (a missing key reads as "_TheDefault_", looked up
 // as a folder like any value); without section or key the configuration

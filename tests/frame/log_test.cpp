@@ -86,16 +86,6 @@ TEST_F(LogTest, TruncateAndAppendModes) {
   EXPECT_NE(truncated.find("fresh"), std::string::npos);
 }
 
-TEST_F(LogTest, EnablingTwiceKeepsTheFirstFile) {
-  const std::string first = dir.file("first.log");
-  const std::string second = dir.file("second.log");
-  QnUtil_SetWriteToLogfile(1, first.c_str(), 0);
-  QnUtil_SetWriteToLogfile(1, second.c_str(), 0);
-  QnUtil_Message("where", nullptr, nullptr, nullptr, 0);
-  EXPECT_NE(read_file(first).find("where"), std::string::npos);
-  EXPECT_FALSE(std::filesystem::exists(second));
-}
-
 TEST_F(LogTest, DisablingStopsLoggingAndShowsBoxesAgain) {
   const std::string log = dir.file("off.log");
   QnUtil_SetWriteToLogfile(1, log.c_str(), 0);
@@ -118,14 +108,6 @@ TEST_F(LogTest, UnopenableNameFallsBackToNumberedName) {
   EXPECT_EQ(QnUtil_GetWriteToLogfile(), 1);
   QnUtil_Message("redirected", nullptr, nullptr, nullptr, 0);
   EXPECT_NE(read_file(used).find("redirected"), std::string::npos);
-}
-
-TEST_F(LogTest, FallbackSkipsNamesThatCannotBeOpenedEither) {
-  const std::string requested = dir.file("busy");
-  for (const char* suffix : {"", "_1", "_2"}) std::filesystem::create_directory(requested + suffix);
-  QnUtil_SetWriteToLogfile(1, requested.c_str(), 0);
-  ASSERT_EQ(capture.boxes().size(), 1u);
-  EXPECT_EQ(capture.boxes()[0].text, substituted_notice(requested, requested + "_3"));
 }
 
 TEST_F(LogTest, TwentyFailuresClearTheFlag) {

@@ -87,23 +87,6 @@ TEST(ReadRules, ReturnTheWindowsValue) {
     EXPECT_EQ(get(row.file, row.section, row.key), row.expected) << row.rule;
 }
 
-// The default loses trailing spaces only and is cut like a value; a
-// missing file reads the defaults.
-TEST(Defaults, ComeBackTrimmedAndCut) {
-  EXPECT_EQ(get("", "s", "k", "   default   "), "   default");
-  EXPECT_EQ(get("", "s", "k", "one two  "), "one two");
-  EXPECT_EQ(get("", "s", "k", "\tdefault\t"), "\tdefault\t");
-  EXPECT_EQ(get("", "s", "k", "\"quoted\""), "\"quoted\"");
-  EXPECT_EQ(get("", "s", "k", nullptr), "");
-  EXPECT_EQ(get("", "s", "k", "default", 4), "def");
-  char buffer[16];
-  EXPECT_EQ(query_profile_string(nullptr, "s", "k", "dflt", buffer, sizeof buffer), 4u);
-  EXPECT_STREQ(buffer, "dflt");
-  EXPECT_EQ(query_profile_int(nullptr, "s", "k", 17), 17u);
-  const IniText text("[s]\r\nk=5\r\n");
-  EXPECT_EQ(query_profile_int(&text, "s", "missing", -1), 4294967295u);
-}
-
 // A value, section list or key list that does not fit is cut (at every
 // buffer size) and terminated, lists with two terminators; nothing is
 // written beyond the buffer. Keys come with values in file order,

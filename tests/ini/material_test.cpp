@@ -149,21 +149,4 @@ TEST_F(MaterialTest, RenamedMaterialReplacesAnOldSectionWithKdiffus) {
   EXPECT_NE(read_file(keep).find("[Glas]\r\nnote=1\r\n"), std::string::npos);
 }
 
-TEST_F(MaterialTest, CopiesAreIndependent) {
-  CQnMatFile mat(material("kdiffus=0.5\r\nTesttextur=t.bmp\r\n"));
-  CQnMatFile copy(mat);
-  CQnMatFile assigned;
-  assigned = mat;
-  mat.GetMaterialPtr()->kdiffus = 0.9f;
-  mat.SetTestTexturePath("other.bmp");
-  for (CQnMatFile* other : {&copy, &assigned}) {
-    EXPECT_EQ(other->IsLoaded(), 1);
-    EXPECT_FLOAT_EQ(other->GetMaterialPtr()->kdiffus, 0.5f);
-    std::string texture;
-    other->GetTestTexturePath(texture);
-    EXPECT_EQ(texture, "t.bmp");
-    EXPECT_EQ(log_name(*other), "Glas");
-  }
-}
-
 }  // namespace

@@ -207,21 +207,6 @@ TEST_F(MiniTest, FillStyleRoundTripsWrapsItsParamAndTruncates) {
   EXPECT_TRUE(same(back, FillStyleRec{2, 300, rgb(1, 2, 3), 255, rgb(4, 5, 6), 3}));
 }
 
-TEST_F(MiniTest, StyleRecordFailuresLeaveTheRecord) {
-  FillStyleRec fill;
-  std::memset(&fill, 0xEE, sizeof fill);
-  const FillStyleRec before = fill;
-  EXPECT_EQ(mini_read_fillstyle(handle_, "styles", "missing", &fill), -1);
-  EXPECT_EQ(mini_read_fillstyle(handle_, "styles", "bad", &fill), -1);
-  EXPECT_TRUE(same(fill, before));
-  EXPECT_EQ(mini_read_fillstyle(handle_, "styles", "short", nullptr), -1);
-  EXPECT_EQ(mini_write_fillstyle(handle_, "styles", nullptr, &fill), -1);
-  PenStyleRec pen{};
-  EXPECT_EQ(mini_read_penstyle(nullptr, "styles", "short", &pen), -1);
-  TexPropsRec tex{};
-  EXPECT_EQ(mini_write_texprops(handle_, nullptr, "t", &tex), -1);
-}
-
 TEST_F(MiniTest, PenStyleRoundTripsAndTheScaledFormLosesItsColour) {
   const PenStyleRec pen{-3, 0.35f, rgb(200, 100, 0)};
   ASSERT_EQ(mini_write_penstyle(handle_, "styles", "pen", &pen), 0);

@@ -105,22 +105,6 @@ INSTANTIATE_TEST_SUITE_P(
                         DrawCase{9, 9, 9, 9, 0, 0, 8, 8, 8, 8, 0, 0, 100},
                         DrawCase{12, 9, 1, 1, 2, 1, 9, 7, 0, 0, 4, 3, 70, true})));
 
-TEST(DrawBitmap, OtherModesAndEmptyImagesDrawNothing) {
-  CQnBitmap dst, src, empty;
-  set_words(dst, 4, 4, pattern_words(16, 1));
-  set_words(src, 4, 4, pattern_words(16, 2));
-  const auto before = words_of(dst);
-  for (int mode : {-1, 3}) {
-    dst.SetInterpolationMode(mode);
-    dst.DrawBitmap(0, 0, 3, 3, &src, 0, 0, 3, 3, 100);
-  }
-  dst.SetInterpolationMode(0);
-  dst.DrawBitmap(0, 0, 3, 3, &empty, 0, 0, 3, 3, 100);
-  dst.DrawBitmap(0, 0, 3, 3, nullptr, 0, 0, 3, 3, 100);
-  empty.DrawBitmap(0, 0, 3, 3, &src, 0, 0, 3, 3, 100);
-  EXPECT_EQ(words_of(dst), before);
-}
-
 TEST(DrawBitmap, SmoothModeAveragesReductionsAndKeepsFlatColours) {
   CQnBitmap dst, src;
   dst.SetInterpolationMode(2);

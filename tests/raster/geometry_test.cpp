@@ -36,22 +36,6 @@ TEST(Create, SetsHeadersAndReturnsFileSize) {
   EXPECT_TRUE(image.IsEmpty());
 }
 
-TEST(Copy, IsDeepAndTakesInterpolationModeButNotColourSpace) {
-  CQnBitmap source, copy;
-  coordinate_image(source, 3, 2);
-  source.SetInterpolationMode(2);
-  source.ToHSI();
-  copy.Copy(&source);
-  EXPECT_EQ(words_of(copy), words_of(source));
-  EXPECT_NE(copy.Pixels(), source.Pixels());
-  EXPECT_EQ(copy.InterpolationMode(), 2);
-  EXPECT_EQ(copy.ColourSpace(), 0);
-  CQnBitmap empty;
-  copy.Copy(&empty);  // an empty or null source changes nothing
-  copy.Copy(nullptr);
-  EXPECT_EQ(words_of(copy), words_of(source));
-}
-
 TEST(Convert, To24BitAndBackKeepsTheColoursOfEveryRowLength) {
   uint32_t seed = 1;
   for (int width = 1; width <= 9; ++width)
@@ -119,17 +103,6 @@ TEST(Flip, MirrorsRowsAndColumns) {
         ASSERT_EQ(picture_pixel(tall, y, x), uint32_t(size - 1 - x) << 8 | uint32_t(y)) << size;
       }
   }
-}
-
-TEST(Geometry, EmptyImageIsLeftAlone) {
-  CQnBitmap image;
-  image.Crop(0, 0, 5, 5);
-  image.FlipHorizontal();
-  image.FlipVertical();
-  image.ConvertTo24Bit();
-  image.ConvertTo32Bit();
-  image.Fill(1);
-  EXPECT_TRUE(image.IsEmpty());
 }
 
 const BmpFields kTwoByTwo{
