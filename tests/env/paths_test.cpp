@@ -66,7 +66,8 @@ TEST(EnvPaths, CountsAndCreationUnderEmptyBlocks) {
   env_close(sub, 0);
   MessageCapture quiet;
   EXPECT_EQ(env_count_path(env, "S", "@", 1), ENV_BAD_PATH);
-  EXPECT_EQ(env_put(env, "S", "a@0", "x"), ENV_BAD_PATH);
+  Env empty;
+  EXPECT_EQ(env_put(empty, "S", "a@0", "x"), ENV_BAD_PATH);
 }
 
 // Gaps are filled up to 65,536 created elements per put; a put asking for
