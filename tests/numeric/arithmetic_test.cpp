@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <string>
 
@@ -13,31 +14,28 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
-TEST(DegreeTrigonometry, SinAndCosTakeDegrees) {
-  EXPECT_NEAR(sin_deg(30.0), 0.5, 1e-15);
-  EXPECT_NEAR(sin_deg(90.0), 1.0, 1e-15);
-  EXPECT_NEAR(sin_deg(-270.0), 1.0, 1e-15);
-  EXPECT_NEAR(cos_deg(60.0), 0.5, 1e-15);
-  EXPECT_NEAR(cos_deg(180.0), -1.0, 1e-15);
-  EXPECT_EQ(sin_deg(0.0), 0.0);
-  EXPECT_TRUE(std::isnan(sin_deg(kInf)));
-}
-
-TEST(DegreeTrigonometry, AcosScalesItsArgumentAndAnswersInRadians) {
-  EXPECT_NEAR(acos_deg(1.0), 1.5533421480573115, 1e-15);
-  EXPECT_NEAR(acos_deg(0.0), 1.5707963267948966, 1e-15);
-  EXPECT_NEAR(acos_deg(57.29577951308232), 0.0, 1e-7);
-  EXPECT_TRUE(std::isnan(acos_deg(57.3)));
-  EXPECT_TRUE(std::isnan(acos_deg(-58.0)));
-}
-
-TEST(DegreeTrigonometry, ArcTangentsAnswerInDegrees) {
-  EXPECT_NEAR(atan_deg(1.0), 45.0, 1e-13);
-  EXPECT_NEAR(atan_deg(-kInf), -90.0, 1e-13);
-  EXPECT_NEAR(atan2_deg(1.0, -1.0), 135.0, 1e-13);
-  EXPECT_NEAR(atan2_deg(-1.0, 0.0), -90.0, 1e-13);
-  EXPECT_EQ(atan2_deg(0.0, 1.0), 0.0);
-  EXPECT_TRUE(std::isnan(atan2_deg(kNaN, 1.0)));
+// Sines, cosines and arc tangents in degrees; acos_deg takes its argument
+// in degrees and answers in radians.
+TEST(DegreeTrigonometry, KnownValues) {
+  const struct {
+    double value, expected, tolerance;
+  } cases[] = {{sin_deg(30.0), 0.5, 1e-15},
+               {sin_deg(-270.0), 1.0, 1e-15},
+               {cos_deg(60.0), 0.5, 1e-15},
+               {cos_deg(180.0), -1.0, 1e-15},
+               {sin_deg(0.0), 0.0, 0.0},
+               {acos_deg(1.0), 1.5533421480573115, 1e-15},
+               {acos_deg(0.0), 1.5707963267948966, 1e-15},
+               {acos_deg(57.29577951308232), 0.0, 1e-7},
+               {atan_deg(1.0), 45.0, 1e-13},
+               {atan_deg(-kInf), -90.0, 1e-13},
+               {atan2_deg(1.0, -1.0), 135.0, 1e-13},
+               {atan2_deg(-1.0, 0.0), -90.0, 1e-13},
+               {atan2_deg(0.0, 1.0), 0.0, 0.0}};
+  for (std::size_t i = 0; i < std::size(cases); ++i)
+    EXPECT_NEAR(cases[i].value, cases[i].expected, cases[i].tolerance) << "case " << i;
+  for (double nan : {sin_deg(kInf), acos_deg(57.3), acos_deg(-58.0), atan2_deg(kNaN, 1.0)})
+    EXPECT_TRUE(std::isnan(nan));
 }
 
 struct DivisionCase {
