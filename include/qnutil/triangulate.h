@@ -43,6 +43,10 @@ QNUTIL_API int QNUTIL_CALL FreeTriangs(void** triangles);
 #define QNUTIL_REGION_CROSSING (-3)       /* two ring edges cross: no region is defined */
 #define QNUTIL_REGION_NO_MEMORY (-4)
 
+/* The largest min_angle of TriangulateRegionRefined, in degrees: beyond
+ * about this bound refinement no longer ends before its cap. */
+#define QNUTIL_REGION_LARGEST_MIN_ANGLE 34
+
 /** Triangulates the region bounded by rings of points, keeping every ring
  *  edge, and returns the triangles inside it.
  *
@@ -85,7 +89,7 @@ QNUTIL_API int QNUTIL_CALL TriangulateRegion(const double* points, unsigned int 
                                              unsigned int* crossing_point);
 
 /** TriangulateRegion with quality refinement: while a triangle inside the
- *  region has an angle below min_angle (degrees, 0 to 34), its
+ *  region has an angle below min_angle (degrees, 0 to QNUTIL_REGION_LARGEST_MIN_ANGLE), its
  *  circumcentre is added, and a ring edge that a vertex sees under more
  *  than a right angle is split at its midpoint, until no such triangle is
  *  left or max_added_points have been added. Angles between ring edges

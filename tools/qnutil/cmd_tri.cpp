@@ -264,7 +264,8 @@ bool triangulate_rings(const std::string& path, const Plan& plan, const Refineme
     return line_error(path, plan.lines[crossing],
                       "the ring edge from this point crosses another ring edge");
   if (code == QNUTIL_REGION_BAD_ARGUMENT) {
-    std::fprintf(stderr, "qnutil tri: --min-angle must be 0 to 34 and --max-added leave room\n");
+    std::fprintf(stderr, "qnutil tri: --min-angle must be 0 to %d and --max-added leave room\n",
+                 QNUTIL_REGION_LARGEST_MIN_ANGLE);
     return false;
   }
   if (code == QNUTIL_REGION_BAD_COORDINATE) {

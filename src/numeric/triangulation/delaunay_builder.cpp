@@ -10,11 +10,6 @@ namespace {
 
 constexpr double kDuplicateTolerance = 1e-5;
 
-double squared_distance(const Point& a, const Point& b) {
-  const double dx = a.x - b.x, dy = a.y - b.y;
-  return dx * dx + dy * dy;
-}
-
 }  // namespace
 
 DelaunayBuilder::DelaunayBuilder(const std::vector<Point>& vertices,

@@ -15,6 +15,11 @@ struct Point {
   double y;
 };
 
+inline double squared_distance(const Point& a, const Point& b) {
+  const double dx = a.x - b.x, dy = a.y - b.y;
+  return dx * dx + dy * dy;
+}
+
 namespace detail {
 
 constexpr double kEpsilon = 1.1102230246251565e-16;  // 2^-53, half an ulp of 1

@@ -18,6 +18,13 @@ T* new_array_copy(const Source& source) {
   return array;
 }
 
+template <class T>
+void release_array(T** array) {
+  if (array == nullptr) return;
+  delete[](*array);
+  *array = nullptr;
+}
+
 // `added_points` and `added_count` are required where refinement may add
 // points, and null otherwise.
 int triangulate(const qnutil::triangulation::region::RegionInput& input, bool refining,
@@ -68,13 +75,7 @@ extern "C" QNUTIL_API int QNUTIL_CALL TriangulateRegionRefined(
 }
 
 extern "C" QNUTIL_API void QNUTIL_CALL FreeRegionTriangles(unsigned int** triangles) {
-  if (triangles == nullptr) return;
-  delete[] * triangles;
-  *triangles = nullptr;
+  release_array(triangles);
 }
 
-extern "C" QNUTIL_API void QNUTIL_CALL FreeRegionPoints(double** points) {
-  if (points == nullptr) return;
-  delete[] * points;
-  *points = nullptr;
-}
+extern "C" QNUTIL_API void QNUTIL_CALL FreeRegionPoints(double** points) { release_array(points); }

@@ -65,10 +65,8 @@ class Refinement {
   bool is_bad(const VertexId (&corners)[3]) const {
     const Point &a = mesh_.point(corners[0]), &b = mesh_.point(corners[1]),
                 &c = mesh_.point(corners[2]);
-    const auto squared = [](const Point& p, const Point& q) {
-      return (p.x - q.x) * (p.x - q.x) + (p.y - q.y) * (p.y - q.y);
-    };
-    std::array<double, 3> lengths = {squared(b, c), squared(c, a), squared(a, b)};
+    std::array<double, 3> lengths = {squared_distance(b, c), squared_distance(c, a),
+                                     squared_distance(a, b)};
     std::sort(lengths.begin(), lengths.end());
     if (lengths[0] < shortest_mended_ * shortest_mended_) return false;
     const double twice_area = (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
@@ -123,9 +121,7 @@ class Refinement {
   bool split_segment(Side s) {
     const VertexId x = mesh_.origin(s), y = mesh_.destination(s);
     const Point &px = mesh_.point(x), &py = mesh_.point(y);
-    if ((px.x - py.x) * (px.x - py.x) + (px.y - py.y) * (px.y - py.y) <
-        4 * shortest_mended_ * shortest_mended_)
-      return false;
+    if (squared_distance(px, py) < 4 * shortest_mended_ * shortest_mended_) return false;
     const Point middle{0.5 * (px.x + py.x), 0.5 * (px.y + py.y)};
     const Point& near_apex = mesh_.point(mesh_.corner(s));
     const Point& far_apex = mesh_.point(mesh_.corner(mesh_.across(s)));

@@ -15,8 +15,6 @@ namespace qnutil::triangulation::region {
 namespace {
 
 constexpr std::uint32_t kMostPoints = 100000000;  // points and added points together
-// Beyond about 34 degrees refinement no longer ends before its cap.
-constexpr double kLargestMinAngle = 34;
 // Magnitudes within [kSmallest, kLargest] keep every product the exact
 // predicates form (up to the fourth power of a coordinate difference) clear
 // of overflow and underflow; smaller ones are taken as 0.
@@ -74,6 +72,9 @@ std::vector<std::uint32_t> caller_names(const RegionMesh& mesh,
 void collect(const RegionMesh& mesh, const std::vector<VertexId>& vertex_of, RegionResult& result) {
   const std::vector<std::uint32_t> name = caller_names(mesh, vertex_of);
   const auto& triangles = mesh.triangles();
+  std::size_t inside = 0;
+  for (TriangleId t = 0; t < triangles.size(); ++t) inside += mesh.inside(t);
+  result.triangles.reserve(3 * inside);
   for (TriangleId t = 0; t < triangles.size(); ++t)
     if (mesh.inside(t))
       for (const VertexId corner : triangles[t].corner) result.triangles.push_back(name[corner]);
@@ -90,7 +91,8 @@ RegionResult triangulate_region(const RegionInput& input) {
   std::uint64_t ring_points = 0;
   for (std::uint32_t r = 0; r < input.ring_count; ++r) ring_points += input.ring_sizes[r];
   if (input.point_count > kMostPoints || ring_points > input.point_count ||
-      !(input.min_angle_degrees >= 0 && input.min_angle_degrees <= kLargestMinAngle) ||
+      !(input.min_angle_degrees >= 0 &&
+        input.min_angle_degrees <= QNUTIL_REGION_LARGEST_MIN_ANGLE) ||
       input.max_added > kMostPoints - input.point_count) {
     result.code = QNUTIL_REGION_BAD_ARGUMENT;
     return result;
