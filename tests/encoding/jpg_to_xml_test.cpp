@@ -70,28 +70,6 @@ INSTANTIATE_TEST_SUITE_P(
                       FileCase{"foobar", 8, "Zm9vYmF"},
                       FileCase{"any carnal pleasure.", 28, "YW55IGNhcm5hbCBwbGVhc3VyZS4"}));
 
-// A missing file, and a folder, fail and touch nothing.
-TEST(JpgToXml, WhatIsNotAFileFailsAndTouchesNothing) {
-  ScratchDir dir;
-  for (const std::string& path : {dir.file("missing.jpg"), dir.path().string()}) {
-    unsigned int length = kUntouchedLength;
-    unsigned char buffer[4] = {kUntouched, kUntouched, kUntouched, kUntouched};
-    EXPECT_EQ(jpgToXML(path.c_str(), buffer, &length, 1), 0) << path;
-    EXPECT_EQ(jpgToXML(path.c_str(), buffer, &length, 0), 0) << path;
-    EXPECT_EQ(length, kUntouchedLength);
-    EXPECT_EQ(buffer[0], kUntouched);
-  }
-}
-
-TEST(JpgToXml, NullArgumentsDoNotCrash) {
-  ScratchDir dir;
-  write_file(dir.file("a.bin"), "abc");
-  unsigned int length = 0;
-  EXPECT_EQ(jpgToXML(nullptr, nullptr, &length, 1), 0);
-  EXPECT_EQ(jpgToXML(dir.file("a.bin").c_str(), nullptr, nullptr, 1), 1);
-  EXPECT_EQ(jpgToXML(dir.file("a.bin").c_str(), nullptr, nullptr, 0), 1);
-}
-
 #ifndef _WIN32
 std::string coreutils_base64(const std::string& path) {
   std::FILE* pipe = popen(("base64 -w0 '" + path + "'").c_str(), "r");

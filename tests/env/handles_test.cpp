@@ -99,27 +99,6 @@ INSTANTIATE_TEST_SUITE_P(
                       K{"S", "@@", 1, ENV_BAD_PATH, ENV_BAD_PATH},
                       K{"S", "data@1@x", 1, ENV_NOT_FOUND, 0}));
 
-TEST(EnvHandles, DeleteFreesSubtreeAndCountsDrop) {
-  Env env;
-  put_all(env, {{"S", "a", "1"}, {"S", "b@c@d", "2"}, {"S", "e", "3"}});
-  EXPECT_EQ(env_count_elements(env, "S", nullptr, 1), 3);
-  EXPECT_EQ(env_delete(env, "S", "b"), ENV_OK);
-  EXPECT_EQ(env_count_elements(env, "S", nullptr, 1), 2);
-  EXPECT_EQ(env_check(env, "S", "d", 0), ENV_NOT_FOUND);
-  EXPECT_EQ(env_delete(env, "S", "e"), ENV_OK);  // the last one: appends go on behind "a"
-  ASSERT_EQ(env_put(env, "S", "f", "4"), ENV_OK);
-  char name[8];
-  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, 2, nullptr, sizeof name, name, 0, nullptr, nullptr),
-            ENV_DATA);
-  EXPECT_STREQ(name, "f");
-  EXPECT_EQ(env_delete(env, "S", "zzz"), ENV_NOT_FOUND);
-  EXPECT_EQ(env_delete(env, "S", nullptr), ENV_OK);
-  EXPECT_EQ(env_delete(env, "S", nullptr), ENV_NOT_FOUND);
-  EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 0);
-  MessageCapture quiet;
-  EXPECT_EQ(env_delete(env, "S", "@"), ENV_BAD_PATH);
-}
-
 TEST(EnvHandles, InsertBefore) {
   Env env;
   put_all(env, {{"S", "a", "1"}, {"S", "b", "2"}, {"T", "c", "3"}});

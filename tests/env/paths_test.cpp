@@ -53,23 +53,6 @@ INSTANTIATE_TEST_SUITE_P(
                       LookupCase{"t", 1, "<-1>"},    // creation below data turned it into a block
                       LookupCase{"t@b@1", 1, ""}, LookupCase{"t@b@2@c", 1, "below data"}));
 
-TEST(EnvPaths, CountsAndCreationUnderEmptyBlocks) {
-  Env env;
-  put_all(env, {{"S", "wall@height", "1"}, {"S", "wall@2@height", "2"}, {"S", "blk@a@3", "x"}});
-  EXPECT_EQ(env_count_path(env, "S", "wall", 1), 2);
-  EXPECT_EQ(env_count_path(env, "S", "blk@a", 1), 3);
-  EXPECT_EQ(env_check(env, "S", "wall@0", 0), ENV_NOT_FOUND);
-  // Under an empty block: an empty first x, then the second with the value.
-  EnvHandle* sub = env_create_subenv(env, "S", "empty");
-  ASSERT_EQ(env_put(sub, nullptr, "x@2", "v"), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "empty@x@1") + get_text(env, "S", "empty@x@2"), "v");
-  env_close(sub, 0);
-  MessageCapture quiet;
-  EXPECT_EQ(env_count_path(env, "S", "@", 1), ENV_BAD_PATH);
-  Env empty;
-  EXPECT_EQ(env_put(empty, "S", "a@0", "x"), ENV_BAD_PATH);
-}
-
 // Gaps are filled up to 65,536 created elements per put; a put asking for
 // more in all is rejected before anything is created.
 TEST(EnvPaths, CreationIsBoundedPerPut) {
@@ -99,23 +82,6 @@ TEST(EnvPaths, DelimiterIsProcessWideAndReturnsThePrevious) {
   char path[32];
   ASSERT_EQ(env_create_path(sizeof path, path, "a", "b", "c", nullptr), ENV_OK);
   EXPECT_STREQ(path, "a/b/c");  // building uses the first character
-}
-
-// A path that does not fit leaves an empty buffer; env_create_path without
-// parts leaves it as it was, env_create_array_path empties it.
-TEST(EnvPaths, CreatePathAndArrayPath) {
-  char buf[8] = "keep";
-  EXPECT_EQ(env_create_path(sizeof buf, buf, nullptr), ENV_OK);
-  EXPECT_EQ(env_create_path(sizeof buf, buf, "12345678", nullptr), ENV_TOO_SMALL);
-  EXPECT_STREQ(buf, "keep");
-  EXPECT_EQ(env_create_path(sizeof buf, buf, "abc", "defg", nullptr), ENV_TOO_SMALL);
-  EXPECT_STREQ(buf, "");
-  const char* parts[] = {"ab", "cd", nullptr};
-  EXPECT_EQ(env_create_array_path(sizeof buf, buf, parts), ENV_OK);
-  EXPECT_STREQ(buf, "ab@cd");
-  const char* none[] = {nullptr};
-  EXPECT_EQ(env_create_array_path(sizeof buf, buf, none), ENV_OK);
-  EXPECT_STREQ(buf, "");
 }
 
 // Random deletions and appends in a list long enough for the name index,

@@ -92,21 +92,6 @@ INSTANTIATE_TEST_SUITE_P(Errors, EnvReadError,
                                            ErrorCase{"[A]\nx ={\n[B]\n", "Cbracesymbol waited", 0},
                                            ErrorCase{"[A]\n=1\n", "Section waited", 1}));
 
-// Reading and writing need a root environment.
-TEST(EnvReadWrite, SubenvironmentAndNullAreRefused) {
-  Env env;
-  ASSERT_EQ(env_put(env, "S", "a", "1"), ENV_OK);
-  EnvHandle* sub = env_open_subenv(env, "S", nullptr, 1);
-  MessageCapture capture;
-  EXPECT_EQ(read_text(sub, "[S]\n"), ENV_ERROR);
-  EXPECT_EQ(read_text(nullptr, "[S]\n"), ENV_ERROR);
-  EXPECT_EQ(write_text(sub), "");
-  EXPECT_EQ(write_text(nullptr), "");
-  EXPECT_EQ(texts(capture), (std::vector<std::string>{"can not read subenv", "Nil parametr",
-                                                      "can not write subenv"}));
-  env_close(sub, 0);
-}
-
 TEST(EnvRead, DeepNestingNeedsNoDeepStack) {
   constexpr int kDepth = 100000;
   std::string text = "[S]\n";
@@ -126,25 +111,16 @@ TEST(EnvRead, DeepNestingNeedsNoDeepStack) {
   EXPECT_EQ(leaves, 1);
 }
 
-// Text mode: CR LF reads as LF, a lone CR stays, Ctrl-Z ends the file;
-// the long section crosses the read buffer's boundaries.
-TEST(EnvFiles, ReadsLikeTheCallbackWithTextModeLineEnds) {
+// Text mode both ways: CR LF reads as LF, a lone CR stays, Ctrl-Z ends
+// the file, and lines are written with CR LF on Windows.
+TEST(EnvFiles, TextModeLineEnds) {
   qnutil_test::ScratchDir dir;
-  std::string text = "[S]\r\na =1\r\nb ={\r\n c =x\\\r\ny\r\n}\r\nlone =a\rb\r\n";
-  for (int i = 0; i < 20000; ++i)
-    text += "key" + std::to_string(i) + " =value " + std::to_string(i) + "\r\n";
   const std::string file = dir.file("settings.env");
-  qnutil_test::write_file(file, text + "\x1a[T]\n");
+  qnutil_test::write_file(file, "[S]\r\na =1\r\nlone =a\rb\r\n\x1a[T]\n");
   Env env;
   ASSERT_EQ(env_read_file(file.c_str(), env), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "a"), "1");
-  EXPECT_EQ(get_text(env, "S", "b@c"), "xy");
   EXPECT_EQ(get_text(env, "S", "lone"), "a\rb");
-  EXPECT_EQ(get_text(env, "S", "key19999"), "value 19999");
-  EXPECT_EQ(get_text(env, "S", "key7777"), "value 7777");
-  EXPECT_EQ(env_count_elements(env, "S", nullptr, 1), 20003);
   EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 1);
-  // Written in text mode too.
   Env small;
   ASSERT_EQ(env_put(small, "S", "a@b", "1"), ENV_OK);
   env_write_file(file.c_str(), small);
@@ -153,17 +129,6 @@ TEST(EnvFiles, ReadsLikeTheCallbackWithTextModeLineEnds) {
 #else
   EXPECT_EQ(qnutil_test::read_file(file), "[S]\n  a ={\n    b =1\n  }\n");
 #endif
-}
-
-TEST(EnvFiles, UnopenableFilesAreReported) {
-  qnutil_test::ScratchDir dir;
-  Env env;
-  MessageCapture capture;
-  const std::string missing = dir.file("missing.env");
-  EXPECT_EQ(env_read_file(missing.c_str(), env), ENV_ERROR);
-  env_write_file(dir.file("no/such/dir/x.env").c_str(), env);  // reported without its name
-  EXPECT_EQ(texts(capture),
-            (std::vector<std::string>{"cann't open to read: " + missing, "cann't open to write:"}));
 }
 
 }  // namespace

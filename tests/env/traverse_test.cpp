@@ -17,11 +17,6 @@ void QNUTIL_CALL record(EnvHandle* sub, const char* section, const char* path, v
                                         (path ? path : "<null>") + "|" + text);
 }
 
-int QNUTIL_CALL record_leaf(EnvHandle* sub, const char* section, const char* path, void* user) {
-  record(sub, section, path, user);
-  return 0;
-}
-
 // The whole iteration as " kind name[=text]" items, then the code that
 // ended it and what one more env_get_next says.
 std::string iterate(EnvHandle* env, const char* section, int name_size = 8, long* id = nullptr) {
@@ -67,37 +62,6 @@ TEST(EnvTraverse, VisitsTheBlocksElements) {
   MessageCapture quiet;
   EXPECT_EQ(env_traverse(env, "S", "@", 1, record, &visits), ENV_BAD_PATH);
   EXPECT_EQ(visits.size(), 6u);
-}
-
-TEST(EnvTraverse, LeavesDepthFirstWithFullPaths) {
-  Env env;
-  ASSERT_EQ(read_text(env, "[S]\na =1\nb ={\nc =2\nempty ={\n}\nc =3\n}\n[T]\nz =4\n"), ENV_OK);
-  ASSERT_EQ(env_put_external(env, "T", "ext", 1), ENV_OK);
-  Visits visits;
-  EXPECT_EQ(env_traverse_leafs(env, record_leaf, &visits), ENV_OK);
-  EXPECT_EQ(visits, (Visits{"S|a@1|1", "S|b@1@c@1|2", "S|b@1@c@2|3", "T|z@1|4", "T|ext@1|"}));
-  visits.clear();
-  env_set_delimiter("::");  // walk paths use the whole delimiter
-  EXPECT_EQ(env_traverse_leafs(env, record_leaf, &visits), ENV_OK);
-  env_set_delimiter("@");
-  EXPECT_EQ(visits[1], "S|b::1::c::1|2");
-}
-
-TEST(EnvListNames, ListsWithSeparators) {
-  Env env;
-  ASSERT_EQ(read_text(env, "[S]\na =1\nb =2\na =3\ne ={\n}\n"), ENV_OK);
-  char buf[16];
-  EXPECT_EQ(env_list_elem_names(env, "S", nullptr, 1, ',', sizeof buf, buf), ENV_OK);
-  EXPECT_STREQ(buf, ",a,b,a,e,");
-  EXPECT_EQ(env_list_elem_names(env, "S", "e", 1, ',', sizeof buf, buf), ENV_OK);
-  EXPECT_STREQ(buf, ",");
-  EXPECT_EQ(env_list_elem_names(env, "S", "a", 1, ',', sizeof buf, buf), ENV_BLOCK);
-  EXPECT_STREQ(buf, "");
-  EXPECT_EQ(env_list_elem_names(env, "S", nullptr, 1, ',', 1, buf), ENV_TOO_SMALL);
-  // ",a,b,a," needs 8 bytes; the rule keeps two bytes spare.
-  EXPECT_EQ(env_list_elem_names(env, "S", nullptr, 1, ',', 9, buf), ENV_TOO_SMALL);
-  EXPECT_STREQ(buf, "");
-  EXPECT_EQ(env_list_elem_names(env, "S", nullptr, 1, ',', 11, buf), ENV_OK);
 }
 
 class EnvSink : public ::testing::Test {

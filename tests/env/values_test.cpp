@@ -8,23 +8,6 @@ using namespace env_test;
 
 namespace {
 
-TEST(EnvValues, NumbersAreStoredAsPrintfWouldWithSixDigitDoubles) {
-  Env env;
-  ASSERT_EQ(env_put_double(env, "S", "a", 0.1), ENV_OK);
-  ASSERT_EQ(env_put_double(env, "S", "b", 1234567.0), ENV_OK);
-  ASSERT_EQ(env_put_long(env, "S", "c", -42), ENV_OK);
-  ASSERT_EQ(env_put_long(env, "S", "max", LONG_MAX), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "a"), "0.1");
-  EXPECT_EQ(get_text(env, "S", "b"), "1.23457e+06");
-  EXPECT_EQ(get_text(env, "S", "c"), "-42");
-  double value = 0;
-  EXPECT_EQ(env_get_double(env, "S", "b", 1, &value), 1);
-  EXPECT_EQ(value, 1234570.0);
-  long max = 0;
-  EXPECT_EQ(env_get_long(env, "S", "max", 1, &max), 1);
-  EXPECT_EQ(max, LONG_MAX);
-}
-
 struct ScanCase {
   const char* text;
   int long_result;  // env_get_long: 1 (the envId), -5 or -7
@@ -100,19 +83,6 @@ TEST(EnvValues, ListsRoundTripWithinCapacity) {
   EXPECT_EQ(longs_of("bad", 3), "-5:0");
 }
 
-TEST(EnvValues, PutListDropsWhatDoesNotFit) {
-  Env env;
-  std::vector<long> values(400, 1000000);  // 7 digits + comma each
-  ASSERT_EQ(env_put_longs(env, "S", "l", static_cast<int>(values.size()), values.data()), ENV_OK);
-  const std::string text = get_text(env, "S", "l");
-  EXPECT_EQ(text.size(), 127u * 8 + 7);  // 128 values: 1023 bytes
-  EXPECT_LT(text.size(), 1024u);
-  const std::string too_long(2000, 'x');
-  const char* strings[] = {"short", too_long.c_str(), "tail"};
-  ASSERT_EQ(env_put_strings(env, "S", "s", 3, strings), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "s"), "short");  // everything after the first misfit goes
-}
-
 TEST(EnvValues, Strings) {
   Env env;
   put_all(env, {{"S", "s", " ab , C9\t,x "}, {"S", "t", "a-b"}});
@@ -131,23 +101,6 @@ TEST(EnvValues, Strings) {
   EXPECT_EQ(env_get_strings(env, "S", "t", 1, &count, 4, bufs), ENV_SYNTAX);
 }
 
-TEST(EnvValues, KindMismatchesGiveTheirCodes) {
-  Env env;
-  put_all(env, {{"S", "blk@x", "1"}, {"S", "data", "12345"}});
-  ASSERT_EQ(env_put_external(env, "S", "ext", 5), ENV_OK);
-  char buf[8];
-  EXPECT_EQ(env_get(env, "S", "ext", 1, sizeof buf, buf), ENV_DATA);
-  unsigned value;
-  EXPECT_EQ(env_get_external(env, "S", "blk", 1, &value), ENV_EXTERNAL);
-  EXPECT_EQ(env_get(env, "S", "data", 1, 5, buf), ENV_TOO_SMALL);
-  EXPECT_EQ(env_data_length(env, "S", "data", 1), 5);
-  char* ref = nullptr;
-  EXPECT_EQ(env_get_reference(env, "S", "ext", 1, &ref), ENV_DATA);
-  char text[16] = "old";
-  EXPECT_EQ(env_get_string(env, "S", "none", 1, text), ENV_NOT_FOUND);
-  EXPECT_STREQ(text, "");  // emptied on failure
-}
-
 TEST(EnvValues, PutFormat) {
   Env env;
   ASSERT_EQ(env_put_format(env, "S", "f", "%s-%03d", "x", 7), ENV_OK);
@@ -155,25 +108,6 @@ TEST(EnvValues, PutFormat) {
   EXPECT_EQ(env_put_format(env, "S", "g", "%s", std::string(1024, 'y').c_str()), ENV_ERROR);
   EXPECT_EQ(env_put_format(env, "S", "g", "%s", std::string(1023, 'y').c_str()), ENV_OK);
   EXPECT_EQ(env_put(env, "S", "n", nullptr), ENV_ERROR);
-}
-
-TEST(EnvValues, GetPosCopiesWhatFits) {
-  Env env(9);
-  ASSERT_EQ(env_put(env, "S", "alpha", "0123456789"), ENV_OK);
-  ASSERT_EQ(env_put_external(env, "S", "ext", 4), ENV_OK);
-  long id = 0;
-  char name[4], value[6];
-  unsigned ext = 0;
-  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, 1, &id, sizeof name, name, sizeof value, value, &ext),
-            ENV_TOO_SMALL);
-  EXPECT_EQ(std::string(name) + "|" + value, "alp|01234");
-  EXPECT_EQ(env_get_pos(env, "S", nullptr, 1, 2, &id, sizeof name, name, sizeof value, value, &ext),
-            ENV_EXTERNAL);
-  EXPECT_EQ(id * 10 + ext, 94);
-  qnutil_test::MessageCapture capture;
-  EXPECT_EQ(env_get_pos(env, nullptr, nullptr, 1, 0, &id, sizeof name, name, 0, nullptr, nullptr),
-            ENV_NOT_FOUND);
-  EXPECT_EQ(texts(capture), std::vector<std::string>{"section == NIL and pos == 0"});
 }
 
 }  // namespace

@@ -164,40 +164,9 @@ TEST(GetString, ReadsSuccessiveFields) {
   }
 }
 
-TEST(PutString, WritesAFixedWidthField) {
-  const struct {
-    const char* text;
-    int width;
-    const char* written;
-  } cases[] = {{"abcdef", 3, "abc"}, {"ab", 5, "ab   "}, {"abc", 0, "abc"},
-               {"", 0, ""},          {nullptr, 2, "  "}, {"abc", -1, ""}};
-  for (const auto& c : cases) {
-    StreamFile stream("");
-    EXPECT_EQ(QnUtil_PutString(stream.stream, c.text, c.width), 0);
-    std::fflush(stream.stream);
-    EXPECT_EQ(read_file(stream.dir.file("s")), c.written) << c.text << " " << c.width;
-  }
-}
-
 }  // namespace
 
 #ifndef _WIN32
-// A name longer than the path buffers is refused, never cut to the name of
-// another file (on Windows such a cut name could not exist anyway).
-TEST_F(Fio, OverlongNamesAreRefusedNotCut) {
-  const std::string cut(255, 'n');
-  put("keep");
-  std::filesystem::rename(dir_.file("data.bin"), dir_.file(cut));
-  const std::string dir = dir_.path().string();
-  for (const std::string& name : {std::string(300, 'n'), std::string(100000, 'n')}) {
-    EXPECT_EQ(fio_open(dir.c_str(), name.c_str(), QNUTIL_FIO_WRITE), nullptr);
-    EXPECT_EQ(mini_open(dir.c_str(), name.c_str(), 0), nullptr);
-    EXPECT_EQ(mini_open(dir.c_str(), name.c_str(), QNUTIL_MINI_READ), nullptr);
-  }
-  const std::string long_folder = dir + "/" + std::string(300, 'f');
-  EXPECT_EQ(fio_open(long_folder.c_str(), "data.bin", QNUTIL_FIO_WRITE), nullptr);
-  EXPECT_EQ(read_file(dir_.file(cut)), "keep");
-}
 
 // A buffered write that failed (a full disk) is reported by fio_flush and
 // fio_close although the writes' own results were ignored.

@@ -116,12 +116,6 @@ TEST(ProgPathRoamingAppData, FollowsTheXdgRules) {
   }
 }
 
-TEST(InstallLocation, PosixHasNoRegistry) {
-  char buf[64] = "unchanged";
-  EXPECT_EQ(GetLocalMachineRegistryEntry("Software\\Quarn", 64, buf), 0);
-  EXPECT_STREQ(buf, "unchanged");
-}
-
 #else
 
 TEST(ProgPathRoamingAppData, IsTheShellsRoamingFolder) {

@@ -95,42 +95,16 @@ TEST_F(MbSearch, HigherNumberedNameWinsBeforeThePlace) {
   fs::remove(root_file);
 }
 
-// The file itself in the current or MB folder; else the folders listed
-// under the key in order (a missing key reads as "_TheDefault_", looked up
-// as a folder like any value); without section or key the configuration
-// file itself.
-TEST_F(MbSearch, FindsFilesThroughTheConfiguration) {
-  ScratchDir first, second, third;
-  write_file(work_.file("Here.dat"), "");
-  write_file(mb_.file("there.dat"), "");
+// Listed folders are searched in order; empty entries are skipped.
+TEST_F(MbSearch, FindsFilesInTheListedFolders) {
+  ScratchDir first, second;
   write_file(second.file("wanted.dat"), "2");
-  write_file(third.file("wanted.dat"), "3");
-  fs::create_directory(work_.path() / "_TheDefault_");
-  write_file(work_.file("_TheDefault_/inside.dat"), "");
-  const std::string configuration =
-      write_configuration("liste=" + first.path().string() + ";;" + second.path().string() + ";" +
-                          third.path().string() + "\r\nleer=\r\n");
+  write_configuration("liste=" + first.path().string() + ";;" + second.path().string() + "\r\n");
   use_mb_folder();
-  const struct {
-    const char* section;
-    const char* key;
-    const char* file;
-    std::string expected;  // "-1" when not found
-  } cases[] = {{"Pfade", "liste", "Here.dat", makepath(cwd_, "Here.dat")},
-               {"Pfade", "liste", "there.dat", makepath(mb_.path().string(), "there.dat")},
-               {"Pfade", "liste", "wanted.dat", makepath(second.path().string(), "wanted.dat")},
-               {"Pfade", "liste", "absent.dat", "-1"},
-               {"Pfade", "leer", "wanted.dat", "-1"},
-               {"Pfade", "fehlt", "inside.dat", makepath("_TheDefault_", "inside.dat")},
-               {nullptr, "liste", "absent.dat", makepath("", configuration)},
-               {"", "liste", "absent.dat", makepath("", configuration)},
-               {"Pfade", "", "absent.dat", makepath("", configuration)}};
-  for (const auto& c : cases) {
-    char out[QNUTIL_PATH_SIZE];
-    const int result = QnUtil_MB_SucheDatei(c.section, c.key, c.file, out);
-    EXPECT_EQ(result == 0 ? std::string(out) : std::to_string(result), c.expected)
-        << (c.section ? c.section : "null") << " " << c.key << " " << c.file;
-  }
+  char out[QNUTIL_PATH_SIZE];
+  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "wanted.dat", out), 0);
+  EXPECT_EQ(std::string(out), makepath(second.path().string(), "wanted.dat"));
+  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "absent.dat", out), -1);
 }
 
 TEST_F(MbSearch, ReadsAFolderFromTheConfiguration) {
@@ -153,6 +127,12 @@ TEST_F(MbSearch, ReadsAFolderFromTheConfiguration) {
             "Sektion Pfade oder Eintrag leer in " + configuration + " nicht gefunden!");
   EXPECT_EQ(capture.boxes()[0].caption, "MESSAGE in \"qnutilmisc\" line 92:");
   EXPECT_EQ(QnUtil_MB_SuchePfad("Pfade", "daten", nullptr), -1);
+  // Without a section or key the configuration file itself is the answer.
+  for (const auto& [section, key] :
+       {std::pair<const char*, const char*>{nullptr, "daten"}, {"", "daten"}, {"Pfade", ""}}) {
+    EXPECT_EQ(QnUtil_MB_SucheDatei(section, key, "absent.dat", out), 0);
+    EXPECT_EQ(std::string(out), makepath("", configuration));
+  }
 }
 
 using namespace std::string_literals;

@@ -25,28 +25,6 @@ class IniFileTest : public testing::Test {
   const char* file_ = path_.c_str();
 };
 
-TEST_F(IniFileTest, ReadsTellMissingFromEmpty) {
-  EXPECT_EQ(CQnIniFile::FileReadString(file_, "S", "TEXT"), "hello world");
-  EXPECT_EQ(CQnIniFile::FileReadString(file_, "s", "empty"), "");
-  EXPECT_EQ(CQnIniFile::FileReadString(file_, "s", "missing"), "_TheDefault_");
-  EXPECT_EQ(CQnIniFile::FileReadString(dir_.file("none.ini").c_str(), "s", "text"), "_TheDefault_");
-  const std::pair<const char*, int> integers[] = {
-      {"num", 42}, {"neg", -7}, {"word", 0}, {"missing", 0}, {"empty", 0}};
-  for (const auto& [key, value] : integers)
-    EXPECT_EQ(CQnIniFile::FileReadInt(file_, "s", key), value) << key;
-  const std::pair<const char*, double> doubles[] = {{"real", 2500.0},
-                                                    {"word", 0.0},
-                                                    {"missing", INFINITY},
-                                                    {"empty", INFINITY},
-                                                    {"marker", INFINITY}};
-  for (const auto& [key, value] : doubles) {
-    EXPECT_EQ(CQnIniFile::FileReadDouble(file_, "s", key), value) << key;
-  }
-  const std::string long_value(3000, 'x');
-  ASSERT_TRUE(CQnIniFile::FileWriteString(file_, "s", "long", long_value.c_str()));
-  EXPECT_EQ(CQnIniFile::FileReadString(file_, "s", "long"), long_value.substr(0, 1023));
-}
-
 TEST_F(IniFileTest, WritesFormatIntegersAndDoubles) {
   const CQnIniFile file(path_, 1);
   EXPECT_TRUE(file.WriteInt("n", "i", -12));

@@ -27,60 +27,6 @@ class MaterialTest : public testing::Test {
   qnutil_test::ScratchDir dir_;
 };
 
-TEST_F(MaterialTest, MissingKeysTakeTheirDefaults) {
-  CQnMatFile mat(material("kdiffus=0.7\r\n"));
-  ASSERT_EQ(mat.IsLoaded(), 1);
-  const matTyp* m = mat.GetMaterialPtr();
-  EXPECT_FLOAT_EQ(m->kdiffus, 0.7f);
-  for (const float value : {m->kambient, m->kspiegel, m->alpha}) EXPECT_FLOAT_EQ(value, 0.4f);
-  EXPECT_FLOAT_EQ(m->Oe, 30.0f);
-  EXPECT_EQ(m->Bits, 0u);
-  EXPECT_EQ(m->reserved, 0u);
-  std::string texture = "x";
-  mat.GetTestTexturePath(texture);
-  EXPECT_EQ(log_name(mat), "Glas");
-  EXPECT_EQ(texture, "");
-}
-
-// A colour takes three comma-separated parts; an empty diffuse colour falls
-// back to the 0-255 form, while the specular fallback reads the same empty
-// key again and finds nothing.
-TEST_F(MaterialTest, ColourFallbacks) {
-  const struct {
-    const char* body;
-    std::array<float, 3> diffus, spiegel;
-  } rows[] = {{"", {0.4f, 0.4f, 0.4f}, {0.5f, 0.5f, 0.5f}},
-              {"RGBDiffus=\r\nRGBDiffus255=255,0,51\r\nRGBSpiegel=\r\n", {1, 0, 0.2f}, {0, 0, 0}},
-              {"RGBDiffus=0.1;0.2;0.3\r\nRGBSpiegel=0.1,0.2\r\n", {0, 0, 0}, {0, 0, 0}}};
-  for (const auto& row : rows) {
-    CQnMatFile mat(material(std::string("kdiffus=1\r\n") + row.body));
-    ASSERT_EQ(mat.IsLoaded(), 1);
-    for (int i = 0; i < 3; ++i) {
-      EXPECT_FLOAT_EQ(mat.GetMaterialPtr()->RGBDiffus[i], row.diffus[i]) << row.body << i;
-      EXPECT_FLOAT_EQ(mat.GetMaterialPtr()->RGBSpiegel[i], row.spiegel[i]) << row.body << i;
-    }
-  }
-}
-
-TEST_F(MaterialTest, ExponentDerivesItsFields) {
-  const struct {
-    const char* oe;
-    float pow, inv, offset;
-  } rows[] = {{"4", 8.0f, -0.125f, 8.0f - 1.0f / 1.125f},
-              {"0.1", 0, 0, 0},
-              {"0", 0, 0, 0},
-              {"-4", 0, 0, 0},
-              {"1", 1.0f, -1.0f, 0.5f}};
-  for (const auto& row : rows) {
-    CQnMatFile mat(material(std::string("kdiffus=1\r\nOe=") + row.oe + "\r\n", row.oe));
-    ASSERT_EQ(mat.IsLoaded(), 1);
-    const matTyp* m = mat.GetMaterialPtr();
-    EXPECT_FLOAT_EQ(m->oePow, row.pow) << row.oe;
-    EXPECT_FLOAT_EQ(m->oeInvPow, row.inv) << row.oe;
-    EXPECT_FLOAT_EQ(m->oeOffset, row.offset) << row.oe;
-  }
-}
-
 TEST_F(MaterialTest, FailedLoads) {
   CQnMatFile mat(dir_.file("missing.mat"));
   EXPECT_EQ(mat.IsLoaded(), 0);
@@ -130,23 +76,6 @@ TEST_F(MaterialTest, WriteStoresEveryFieldButBitZero) {
   EXPECT_EQ(fresh.Write(dir_.file("new.mat")), 0);  // the file must exist
   EXPECT_EQ(fresh.Write(""), 0);
   EXPECT_EQ(fresh.Write(), 0);
-}
-
-// The old section goes only when it holds a material (has kdiffus).
-TEST_F(MaterialTest, RenamedMaterialReplacesAnOldSectionWithKdiffus) {
-  const std::string path = material("kdiffus=0.5\r\n");
-  CQnMatFile mat(path);
-  mat.SetLogName("Stein");
-  ASSERT_EQ(mat.Write(path), 1);
-  const std::string file = read_file(path);
-  EXPECT_EQ(file.find("[Glas]"), std::string::npos) << file;
-  EXPECT_NE(file.find("Name=Stein\r\n"), std::string::npos);
-  EXPECT_NE(file.find("[Stein]\r\nkdiffus=0.5\r\n"), std::string::npos) << file;
-  const std::string keep = material("note=1\r\n", "keep");
-  CQnMatFile other;
-  other.SetLogName("Stein");
-  ASSERT_EQ(other.Write(keep), 1);
-  EXPECT_NE(read_file(keep).find("[Glas]\r\nnote=1\r\n"), std::string::npos);
 }
 
 }  // namespace

@@ -127,36 +127,6 @@ INSTANTIATE_TEST_SUITE_P(
                       FromUtf8Case{"a\xF0\x9F", "a\xFD"},                // cut off by the end
                       FromUtf8Case{"\xFF", "\xFD"}));
 
-TEST(Utf8Conversions, EmptyInputFailsAndLeavesTheBufferAlone) {
-  char out[4] = {kUntouched, kUntouched, kUntouched, kUntouched};
-  EXPECT_EQ(ConvertFromUTF8("", out), 0);
-  EXPECT_EQ(ConvertToUTF8("", out), 0);
-  EXPECT_EQ(out[0], kUntouched);
-}
-
-#ifndef _WIN32
-std::string to_utf8(const std::string& ansi) {
-  char out[64];
-  std::memset(out, kUntouched, sizeof out);
-  if (ConvertToUTF8(ansi.c_str(), out) != 1) return "<failed>";
-  return out;
-}
-
-TEST(ConvertToUtf8, ReadsWindows1252) {
-  EXPECT_EQ(to_utf8("Wand 24cm"), "Wand 24cm");
-  EXPECT_EQ(to_utf8("\x80"), "\xE2\x82\xAC");
-  EXPECT_EQ(to_utf8("\x81"), "\xC2\x81");  // unassigned: the C1 control
-  EXPECT_EQ(to_utf8("\x8A\x9F"), "\xC5\xA0\xC5\xB8");
-  EXPECT_EQ(to_utf8("Ma\xDF"), "Ma\xC3\x9F");
-  for (int byte = 0xA0; byte <= 0xFF; ++byte) {
-    const std::string utf8 = to_utf8(std::string(1, static_cast<char>(byte)));
-    EXPECT_EQ(utf8, std::string({static_cast<char>(0xC0 | (byte >> 6)),
-                                 static_cast<char>(0x80 | (byte & 0x3F))}))
-        << byte;
-  }
-}
-#endif
-
 // Text of the upper half survives the round trip through UTF-8.
 TEST(ConvertToUtf8, RoundTripsThroughConvertFromUtf8) {
   const std::string ansi =

@@ -202,32 +202,6 @@ TEST(BmpEx, UnreadableFilesEmptyTheObjectAndMissingOnesKeepIt) {
   }
 }
 
-TEST(BmpEx, PaletteCountOfAnEarlierImageMovesLaterMemoryPixels) {
-  bmpExHandle handle = new_image();
-  bmpExLoadFromBits(handle, bmp_file({.bit_count = 8,
-                                      .clr_used = 16,
-                                      .palette = grey_palette(16),
-                                      .pixels = "\x02\x00\x00\x00"s})
-                                .data());
-  bmpExLoadFromBits(handle,
-                    bmp_file({.pixels = std::string(64, '\x11') + "\x01\x02\x03\x00"s}).data());
-  // 16 palette entries still count: the pixels are read from 54 + 64.
-  EXPECT_EQ(saved_pixels(handle), Words{0x030201});
-}
-
-TEST(BmpEx, PackedDibReadsPaletteFromFileHeaderOffset) {
-  // Info header, the 8 palette bytes, then pixels at 40 + 8; the palette
-  // itself is read from byte 54.
-  std::string dib =
-      info_header({.bit_count = 8, .clr_used = 2}) + std::string(8, '\0') + "\x01\x00\x00\x00"s;
-  dib.resize(54, '\0');
-  put(dib, 0x0000FF);
-  put(dib, 0x00FF00);
-  bmpExHandle handle = new_image();
-  EXPECT_EQ(bmpExLoadFromBits2(handle, dib.data(), 0), 1);
-  EXPECT_EQ(saved_pixels(handle), Words{0x00FF00});
-}
-
 TEST(BmpEx, SaveAtEndAppendsOnlyToAnExistingFile) {
   ScratchDir dir;
   bmpExHandle handle = one_pixel_image();

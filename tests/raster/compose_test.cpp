@@ -142,12 +142,4 @@ TEST(CopyRect, CopiesInclusiveSpansWordForWord) {
   EXPECT_EQ(words_of(dst), before);
 }
 
-TEST(CopyRect, OverlappingCopyOntoItselfRunsRightAndDown) {
-  CQnBitmap image;
-  set_words(image, 5, 2, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
-  image.CopyRect(1, 0, 3, 1, &image, 0, 0);
-  // Each word written is read again one column later.
-  EXPECT_EQ(words_of(image), (std::vector<uint32_t>{1, 1, 1, 1, 1, 6, 6, 6, 6, 6}));
-}
-
 }  // namespace

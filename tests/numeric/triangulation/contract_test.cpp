@@ -54,6 +54,23 @@ TEST(TriangulierenContract, NoBoundaryEmitsOnlyInnerFaces) {
   }
 }
 
+// Faces between the points are emitted without looking at the boundary:
+// the notch of an L-shaped outline is filled too.
+TEST(ConcaveOutline, InnerFacesInTheNotchAreEmitted) {
+  const std::vector<Vertex> outline = {{0, 0}, {10, 0}, {10, 4}, {4, 4}, {4, 10}, {0, 10}};
+  const Result result = triangulate(outline, static_cast<unsigned int>(outline.size()));
+  ASSERT_EQ(result.status, 1);
+  bool in_notch = false;
+  for (const Triangle& t : result.triangles) {
+    const Vertex centroid{(t.corner[0].x + t.corner[1].x + t.corner[2].x) / 3,
+                          (t.corner[0].y + t.corner[1].y + t.corner[2].y) / 3};
+    in_notch =
+        in_notch || (centroid.x > 4 && centroid.y > 4 && centroid.x < 10 && centroid.y < 10 &&
+                     doubled_area(t.corner[0], t.corner[1], t.corner[2]) > 0);
+  }
+  EXPECT_TRUE(in_notch);
+}
+
 // The square with its centre and `copies` of each of `extra`, one block each.
 std::vector<Vertex> square_with(std::initializer_list<Vertex> extra, int copies = 1) {
   std::vector<Vertex> points = kSquareWithCentre;

@@ -58,32 +58,5 @@ TEST(RegionRefinement, CapAndNoBound) {
   }
 }
 
-// A wedge of 3 degrees can never meet a 30-degree bound: refinement stops
-// short of the corner, well before the cap, with a valid mesh.
-TEST(RegionRefinement, SmallInputAngleStopsShortOfTheCorner) {
-  const double angle = 3 * 3.14159265358979323846 / 180;
-  const Plan plan = rings({{{0, 0}, {100, 0}, {100 * std::cos(angle), 100 * std::sin(angle)}}});
-  const Result result = triangulate(plan, 30, 100000);
-  ASSERT_EQ(result.code, QNUTIL_REGION_OK);
-  EXPECT_LT(result.added, 20000u);
-  expect_tiles(plan, result, outline_less_openings(plan));
-}
-
-TEST(RegionRefinement, BadArguments) {
-  const Plan plan = square_with_openings();
-  for (const double bound : {-0.5, 35.0, std::numeric_limits<double>::quiet_NaN()})
-    EXPECT_EQ(triangulate(plan, bound, 10).code, QNUTIL_REGION_BAD_ARGUMENT) << bound;
-  EXPECT_EQ(triangulate(plan, 20, 100000000).code, QNUTIL_REGION_BAD_ARGUMENT);  // no room
-  unsigned int* triangles = nullptr;
-  unsigned int count = 0, added_count = 0;
-  EXPECT_EQ(
-      TriangulateRegionRefined(plan.xy.data(), static_cast<unsigned int>(plan.point_count()),
-                               plan.rings.data(), static_cast<unsigned int>(plan.rings.size()), 20,
-                               10, &triangles, &count, nullptr, &added_count, nullptr),
-      QNUTIL_REGION_BAD_ARGUMENT);
-  EXPECT_EQ(triangles, nullptr);
-  FreeRegionPoints(nullptr);
-}
-
 }  // namespace
 }  // namespace region_test

@@ -158,20 +158,4 @@ inline long double hull_area(std::vector<Vertex> points) {
   return twice / 2;
 }
 
-inline bool inside_or_on_polygon(const Vertex& p, const std::vector<Vertex>& polygon,
-                                 double tolerance) {
-  bool inside = false;
-  for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
-    const Vertex& a = polygon[j];
-    const Vertex& b = polygon[i];
-    const double ex = double(b.x) - a.x, ey = double(b.y) - a.y;
-    const double length2 = ex * ex + ey * ey;
-    const double t =
-        length2 > 0 ? std::clamp(((p.x - a.x) * ex + (p.y - a.y) * ey) / length2, 0.0, 1.0) : 0.0;
-    if (std::hypot(p.x - (a.x + t * ex), p.y - (a.y + t * ey)) <= tolerance) return true;
-    if ((a.y > p.y) != (b.y > p.y) && p.x < a.x + (p.y - a.y) * ex / ey) inside = !inside;
-  }
-  return inside;
-}
-
 }  // namespace triangulate_test
