@@ -71,6 +71,27 @@ LRESULT CALLBACK count_dispatches(HWND window, UINT message, WPARAM w, LPARAM l)
   return DefWindowProcA(window, message, w, l);
 }
 
+// The quoted launcher keeps the caller's windows frozen: waiting input
+// leaves the queue undispatched. The command-line launcher dispatches it.
+// Either way the queue is empty afterwards.
+TEST_P(LauncherTest, EmptiesTheQueueDispatchingAsDesigned) {
+  WNDCLASSA window_class{};
+  window_class.lpfnWndProc = count_dispatches;
+  window_class.lpszClassName = "QnUtilLaunchTestWindow";
+  RegisterClassA(&window_class);
+  const HWND window = CreateWindowExA(0, window_class.lpszClassName, "", 0, 0, 0, 0, 0,
+                                      HWND_MESSAGE, nullptr, nullptr, nullptr);
+  ASSERT_NE(window, nullptr);
+  g_dispatched = 0;
+  ScratchDir dir;
+  PostMessageA(window, WM_APP, 0, 0);
+  EXPECT_EQ(launch_sleeper(GetParam(), dir.file("out.txt")), 1);
+  EXPECT_EQ(g_dispatched, GetParam().dispatches);
+  MSG message;
+  EXPECT_FALSE(PeekMessageA(&message, window, WM_APP, WM_APP, PM_NOREMOVE));
+  DestroyWindow(window);
+}
+
 #endif
 
 }  // namespace

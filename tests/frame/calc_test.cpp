@@ -84,6 +84,26 @@ class CalculatorConnected : public testing::Test {
   MessageCapture capture_;
 };
 
+TEST_F(CalculatorConnected, InitAndExpressionPassTheirArguments) {
+  calc_init(42);
+  EXPECT_EQ(state().calls[kInitialise], 1);
+  EXPECT_EQ(arguments(), (std::vector<long>{42, 0, 0}));
+  state().result = E_FAIL;  // a failed call is ignored
+  calc_init(-7);
+  EXPECT_EQ(state().calls[kInitialise], 2);
+  EXPECT_EQ(arguments(), (std::vector<long>{-7, 0, 0}));
+  // The expression arrives as wide text.
+  const char expression[] = "Breite*2 + \xE4\xDF";
+  wchar_t wide[32];
+  MultiByteToWideChar(CP_ACP, 0, expression, -1, wide, 32);
+  calc_expression(expression, 7, -3);
+  EXPECT_EQ(state().calls[kEvaluate], 1);
+  EXPECT_EQ(std::wstring(state().text), wide);
+  EXPECT_EQ(arguments(), (std::vector<long>{7, -3, 0}));
+  calc_expression(nullptr, 0, 0);
+  EXPECT_TRUE(state().text_was_null);
+}
+
 // One scripted answer of the component, seen through each of the calls
 // that return something: texts and values are copied only on success.
 struct AnswerCase {
