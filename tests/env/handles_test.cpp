@@ -25,22 +25,6 @@ TEST(EnvHandles, BadArgumentsAreReportedAndRefused) {
     EXPECT_EQ(box.caption.rfind("MESSAGE in \"qnutilenv\" line ", 0), 0u) << box.caption;
 }
 
-TEST(EnvHandles, CloseRefusesWhileSubenvironmentLives) {
-  EnvHandle* root = env_open(1, nullptr);
-  ASSERT_EQ(env_put(root, "S", "a", "1"), ENV_OK);
-  EnvHandle* sub = env_open_subenv(root, "S", nullptr, 1);
-  ASSERT_NE(sub, nullptr);
-  EXPECT_EQ(env_close(root, 0), ENV_IN_USE);
-  EXPECT_EQ(get_text(sub, nullptr, "a"), "1");  // both still usable
-  EXPECT_EQ(get_text(root, "S", "a"), "1");
-  EnvHandle* nested = env_open_subenv(sub, nullptr, "a", 1);
-  ASSERT_NE(nested, nullptr);
-  EXPECT_EQ(env_close(sub, 0), ENV_IN_USE);
-  EXPECT_EQ(env_close(nested, 0), ENV_OK);
-  EXPECT_EQ(env_close(sub, 0), ENV_OK);
-  EXPECT_EQ(env_close(root, 0), ENV_OK);
-}
-
 TEST(EnvHandles, FallbackChainAnswersWithItsEnvId) {
   Env bottom(1);
   ASSERT_EQ(env_put(bottom, "S", "deep", "x"), ENV_OK);

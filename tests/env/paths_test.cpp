@@ -1,5 +1,5 @@
 // Paths, occurrence numbers, creation of missing paths, the delimiter and
-// path building.
+// long lists under deletion.
 #include <map>
 #include <random>
 
@@ -52,20 +52,6 @@ INSTANTIATE_TEST_SUITE_P(
                       LookupCase{"d@5", 1, "<-4>"},  // "5" is a number here
                       LookupCase{"t", 1, "<-1>"},    // creation below data turned it into a block
                       LookupCase{"t@b@1", 1, ""}, LookupCase{"t@b@2@c", 1, "below data"}));
-
-// Gaps are filled up to 65,536 created elements per put; a put asking for
-// more in all is rejected before anything is created.
-TEST(EnvPaths, CreationIsBoundedPerPut) {
-  Env env;
-  MessageCapture quiet;
-  EXPECT_EQ(env_put(env, "S", "a@65537", "x"), ENV_BAD_PATH);
-  EXPECT_EQ(env_put(env, "S", "b@40000@c@30000", "x"), ENV_BAD_PATH);
-  EXPECT_EQ(env_put(env, "S", "d@2@e@0", "x"), ENV_BAD_PATH);
-  for (const char* name : {"a", "b", "d"}) EXPECT_EQ(env_count_path(env, "S", name, 1), 0) << name;
-  ASSERT_EQ(env_put(env, "S", "a@65536", "x"), ENV_OK);
-  EXPECT_EQ(env_count_path(env, "S", "a", 1), 65536);
-  EXPECT_EQ(get_text(env, "S", "a@65536"), "x");
-}
 
 TEST(EnvPaths, DelimiterIsProcessWideAndReturnsThePrevious) {
   struct Restore {

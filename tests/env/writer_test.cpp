@@ -5,34 +5,6 @@ using namespace env_test;
 
 namespace {
 
-// Blanks around a text are written but not read back.
-TEST(EnvWrite, Layout) {
-  Env env;
-  put_all(env, {{"Section1", "width", "12.5"},
-                {"Section1", "list", "1,2,3"},
-                {"Section1", "frame@color", "red"}});
-  ASSERT_EQ(env_put_external(env, "Section1", "frame@handle", 7), ENV_OK);  // not written
-  put_all(env,
-          {{"Section1", "pad", "  x  "}, {"Section2", nullptr, "x"}, {"Section3", "empty@x", "1"}});
-  ASSERT_EQ(env_delete(env, "Section3", "empty@x"), ENV_OK);
-  const std::string text = write_text(env);
-  EXPECT_EQ(text,
-            "[Section1]\n"
-            "  width =12.5\n"
-            "  list =1,2,3\n"
-            "  frame ={\n"
-            "    color =red\n"
-            "  }\n"
-            "  pad =  x  \n"
-            "[Section2]\n"
-            "[Section3]\n"
-            "  empty ={\n"
-            "  }\n");
-  Env back;
-  ASSERT_EQ(read_text(back, text), ENV_OK);
-  EXPECT_EQ(get_text(back, "Section1", "pad"), "x");
-}
-
 TEST(EnvWrite, LongLinesContinueWhereLevelPlusIndexIsAMultipleOf60) {
   Env env;
   std::string value;

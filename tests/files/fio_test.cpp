@@ -1,5 +1,5 @@
-// fio files (modes, the byte-order header, bytes, fields and seeking) and
-// the fixed-width text fields of a C stream below them.
+// fio files (the byte-order header, fields, null handles, failed writes)
+// and the fixed-width text fields of a C stream below them.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -28,13 +28,6 @@ class Fio : public ::testing::Test {
 
   ScratchDir dir_;
 };
-
-TEST_F(Fio, NeedsExactlyOneDirectionAndAnExistingFileToRead) {
-  EXPECT_EQ(open(QNUTIL_FIO_READ), nullptr);
-  put("x");
-  for (int mode : {0, 3, 5, 6, 7, QNUTIL_FIO_UPDATE, QNUTIL_FIO_TEXT | QNUTIL_FIO_HEADER})
-    EXPECT_EQ(open(mode), nullptr) << mode;
-}
 
 // Written with the header, read back past it as fields; the handle keeps
 // the composed path.
@@ -85,32 +78,6 @@ TEST_F(Fio, DetectsTheHeader) {
     EXPECT_EQ(fio_getchar(file, nullptr), c.first_byte) << c.bytes;
     fio_close(file);
   }
-}
-
-// Bytes come back unsigned; at the end the byte reads as 0xFF.
-TEST_F(Fio, GetcharAndSeekFromEachOrigin) {
-  put("0123456789\xC8");
-  QnUtilFioFile* file = open(QNUTIL_FIO_READ | QNUTIL_FIO_UPDATE);
-  ASSERT_NE(file, nullptr);
-  struct Step {
-    long offset;
-    int origin;
-    long position;
-  };
-  for (const Step& step : {Step{4, 0, 4}, Step{2, 1, 6}, Step{-1, 2, 10}, Step{-3, 2, 8},
-                           Step{0, 7, 11}, Step{-1, -1, 10}, Step{0, 0, 0}}) {
-    EXPECT_EQ(fio_seek(file, step.offset, step.origin), 0);
-    EXPECT_EQ(fio_tell(file), step.position) << step.offset << " " << step.origin;
-  }
-  EXPECT_EQ(fio_seek(file, -5, 0), -1);
-  unsigned char byte = 0;
-  ASSERT_EQ(fio_seek(file, 10, 0), 0);
-  EXPECT_EQ(fio_getchar(file, &byte), 0);
-  EXPECT_EQ(byte, 0xC8);
-  EXPECT_EQ(fio_getchar(file, &byte), -1);
-  EXPECT_EQ(byte, 0xFF);
-  EXPECT_EQ(fio_getchar(file, nullptr), -1);
-  fio_close(file);
 }
 
 TEST(FioNullHandle, EveryCallFails) {

@@ -44,21 +44,6 @@ class LogTest : public testing::Test {
   MessageCapture capture;
 };
 
-TEST_F(LogTest, MessageBecomesOneTimeStampedLineAndNoBox) {
-  const std::string log = dir.file("run.log");
-  QnUtil_SetWriteToLogfile(1, log.c_str(), 0);
-  ASSERT_EQ(QnUtil_GetWriteToLogfile(), 1);
-  QnUtil_Message("a", "b", nullptr, "unit", 5);
-  QnUtil_Message("plain", nullptr, nullptr, nullptr, 0);
-  EXPECT_TRUE(capture.boxes().empty());
-  const std::string text = read_file(log);
-  const std::regex line_shape(
-      "(January|February|March|April|May|June|July|August|September|October|November|December)"
-      " [0-3][0-9], [0-9]{4}, [0-2][0-9]:[0-5][0-9] :: ab in \"unit\" line 5" LINE_END
-      "[A-Za-z]+ [0-9]{2}, [0-9]{4}, [0-9]{2}:[0-9]{2} :: plain in \"\" line 0" LINE_END);
-  EXPECT_TRUE(std::regex_match(text, line_shape)) << text;
-}
-
 TEST_F(LogTest, UnopenableNameFallsBackToNumberedName) {
   // A directory of the requested name cannot be opened as a file.
   const std::string requested = dir.file("taken");

@@ -46,25 +46,6 @@ TEST_F(GdiPlusTest, BitmapFromRamStructReadsTheRecord) {
   EXPECT_EQ(gdiPlusBitmapFromRamStruct(nullptr, 255, 1, &image), 0);
 }
 
-TEST_F(GdiPlusTest, GetBitmapModesChooseThePixelFormat) {
-  unsigned char bits[2 * 8] = {1, 2, 3, 0, 4, 5, 6, 0, 7, 8, 9, 0, 10, 11, 12, 0};
-  const struct {
-    int mode;
-    Gdiplus::PixelFormat format;
-    int x, y;
-    std::uint32_t argb;
-  } cases[] = {{0, PixelFormat24bppRGB, 0, 0, 0xFF030201u},
-               {1, PixelFormat32bppRGB, 1, 1, 0xFF0C0B0Au},    // top-down: second row as given
-               {2, PixelFormat32bppARGB, 0, 1, 0xFF090807u}};  // alpha 255 everywhere
-  for (const auto& c : cases) {
-    void* image = nullptr;
-    ASSERT_EQ(gdiPlusGetBitmap(2, 2, 8, c.mode, bits, &image), 1);
-    EXPECT_EQ(bitmap(image)->GetPixelFormat(), c.format) << c.mode;
-    EXPECT_EQ(argb_at(image, c.x, c.y), c.argb) << c.mode;
-    gdiPlusFreeImage(image);
-  }
-}
-
 TEST_F(GdiPlusTest, GetBitmapExFlipsA24BitBufferIntoTopDown32Bit) {
   // Two rows of one pixel, stride 4: bottom row (row 0 in memory) blue.
   unsigned char bits[8] = {255, 0, 0, 0, 0, 0, 255, 0};

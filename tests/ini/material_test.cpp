@@ -27,34 +27,6 @@ class MaterialTest : public testing::Test {
   qnutil_test::ScratchDir dir_;
 };
 
-TEST_F(MaterialTest, FailedLoads) {
-  CQnMatFile mat(dir_.file("missing.mat"));
-  EXPECT_EQ(mat.IsLoaded(), 0);
-  EXPECT_EQ(log_name(mat), "");  // no file remembered
-
-  CQnMatFile good(material("kdiffus=1\r\n"));
-  ASSERT_EQ(good.IsLoaded(), 1);
-  // No name, no kdiffus, an empty kambient: 0, and loaded stays as it was.
-  write_file(dir_.file("noname.mat"), "[Material]\r\n");
-  EXPECT_EQ(good.Read(dir_.file("noname.mat")), 0);
-  EXPECT_EQ(good.IsLoaded(), 1);
-  EXPECT_EQ(good.Read(material("kdiffus=\r\n", "nokd")), 0);
-  EXPECT_EQ(good.Read(material("kdiffus=0.9\r\nkambient=\r\n", "noka")), 0);
-  EXPECT_FLOAT_EQ(good.GetMaterialPtr()->kdiffus, 0.9f);  // cleared and partly set
-  EXPECT_EQ(good.GetMaterialPtr()->Oe, 0.0f);
-  EXPECT_EQ(good.IsLoaded(), 1);
-  EXPECT_EQ(good.Read(dir_.file("missing.mat")), 0);
-  EXPECT_EQ(good.IsLoaded(), 0);
-
-  // Without a name the file's name stands in.
-  write_file(dir_.file("stone.mat"), "[Material]\r\nName=\r\n");
-  CQnMatFile unnamed(dir_.file("stone.mat"));
-  EXPECT_EQ(unnamed.IsLoaded(), 0);
-  EXPECT_EQ(log_name(unnamed), "stone");
-  unnamed.SetLogName("Other");
-  EXPECT_EQ(log_name(unnamed), "Other");
-}
-
 TEST_F(MaterialTest, WriteStoresEveryFieldButBitZero) {
   const std::string path = material("kdiffus=0.5\r\nOe=4\r\nBits=5\r\nTesttextur=wood.bmp\r\n");
   CQnMatFile mat(path);

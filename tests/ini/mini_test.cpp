@@ -80,18 +80,6 @@ TEST_F(MiniTest, OpenNeedsAnExistingAccessibleFile) {
   EXPECT_EQ(mini_close(nullptr), 0);
 }
 
-TEST_F(MiniTest, ReadOnlyFileOpensForReadingOnly) {
-  const std::string ro = dir_.file("ro.ini");
-  write_file(ro, "[s]\r\nk=v\r\n");
-  std::filesystem::permissions(ro, std::filesystem::perms::owner_read);
-  if (std::ofstream(ro, std::ios::app)) GTEST_SKIP() << "permissions do not apply to this user";
-  EXPECT_EQ(mini_open_ex(ro.c_str(), 0), nullptr);
-  MiniHandle reader = mini_open_ex(ro.c_str(), QNUTIL_MINI_READ);
-  ASSERT_NE(reader, nullptr);
-  EXPECT_EQ(mini_write_string(reader, "s", "k", "w"), -1);
-  mini_close(&reader);
-}
-
 TEST_F(MiniTest, ReadStringCutsAtTheGivenLength) {
   const struct {
     const char* key;

@@ -1,5 +1,5 @@
-// Degree trigonometry, guarded division, the sign function, rounding to
-// decimal positions and truncation to 32-bit integers.
+// Guarded division, the sign function, rounding to decimal positions and
+// truncation to 32-bit integers.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -13,30 +13,6 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
-
-// Sines, cosines and arc tangents in degrees; acos_deg takes its argument
-// in degrees and answers in radians.
-TEST(DegreeTrigonometry, KnownValues) {
-  const struct {
-    double value, expected, tolerance;
-  } cases[] = {{sin_deg(30.0), 0.5, 1e-15},
-               {sin_deg(-270.0), 1.0, 1e-15},
-               {cos_deg(60.0), 0.5, 1e-15},
-               {cos_deg(180.0), -1.0, 1e-15},
-               {sin_deg(0.0), 0.0, 0.0},
-               {acos_deg(1.0), 1.5533421480573115, 1e-15},
-               {acos_deg(0.0), 1.5707963267948966, 1e-15},
-               {acos_deg(57.29577951308232), 0.0, 1e-7},
-               {atan_deg(1.0), 45.0, 1e-13},
-               {atan_deg(-kInf), -90.0, 1e-13},
-               {atan2_deg(1.0, -1.0), 135.0, 1e-13},
-               {atan2_deg(-1.0, 0.0), -90.0, 1e-13},
-               {atan2_deg(0.0, 1.0), 0.0, 0.0}};
-  for (std::size_t i = 0; i < std::size(cases); ++i)
-    EXPECT_NEAR(cases[i].value, cases[i].expected, cases[i].tolerance) << "case " << i;
-  for (double nan : {sin_deg(kInf), acos_deg(57.3), acos_deg(-58.0), atan2_deg(kNaN, 1.0)})
-    EXPECT_TRUE(std::isnan(nan));
-}
 
 struct DivisionCase {
   double a, b, quotient;  // quotient in double precision
@@ -68,14 +44,6 @@ INSTANTIATE_TEST_SUITE_P(
                       DivisionCase{1, kNaN, kNaN, 0},
                       // 1e-300 is zero in single precision: guarded there only.
                       DivisionCase{1e-300, 1e-300, 1, 0}, DivisionCase{1, 1e-300, 1 / 1e-300, 0}));
-
-// Single precision: the quotient is rounded to float, not computed in double.
-TEST(GuardedDivision, FdivDividesInSinglePrecision) {
-  EXPECT_EQ(qnutil_fdiv(1.0f, 3.0f), 1.0f / 3.0f);
-  EXPECT_EQ(qnutil_fdiv(1e30f, 1e-30f), std::numeric_limits<float>::infinity());
-  EXPECT_EQ(qnutil_fdiv(1.0f, 1e-45f), std::numeric_limits<float>::infinity());
-  EXPECT_EQ(qnutil_fdiv(3.0f, -0.0f), 0.0f);
-}
 
 TEST(Sign, IsMinusOneZeroOrOne) {
   EXPECT_EQ(fsgn(-3.5), -1.0);
@@ -110,25 +78,6 @@ INSTANTIATE_TEST_SUITE_P(Cases, PRoundTest,
                                            RoundCase{0.0001234, -5, 0.00012},
                                            RoundCase{7.0, 0, 7.0}, RoundCase{1e300, 300, 1e300},
                                            RoundCase{123.456, -1, 123.5}));
-
-// The scale is the correctly rounded power of ten, so results are exact to
-// the bit, identical on every target (MinGW's pow would differ here).
-TEST(PRound, UsesCorrectlyRoundedPowersOfTen) {
-  EXPECT_EQ(QnUtil_PRound(0.125, -2), std::floor(0.125 / 0.01 + 0.5) * 0.01);
-  EXPECT_EQ(QnUtil_PRound(1.0, -2), 1.0);
-  for (int p = -22; p <= 22; ++p) {
-    const double scale = std::stod("1e" + std::to_string(p));
-    EXPECT_EQ(QnUtil_PRound(3.0 * scale, p), 3.0 * scale) << p;
-  }
-}
-
-TEST(FRound, ComputesInDoubleAndNarrowsAtTheEnd) {
-  EXPECT_EQ(QnUtil_FRound(2.345f, -2), static_cast<float>(std::floor(2.345f / 0.01 + 0.5) * 0.01));
-  EXPECT_FLOAT_EQ(QnUtil_FRound(2.345f, -2), 2.35f);
-  EXPECT_EQ(QnUtil_FRound(-2.5f, 0), -2.0f);
-  EXPECT_EQ(QnUtil_FRound(16777217.0f, 0), 16777216.0f);
-  EXPECT_EQ(QnUtil_FRound(1234.0f, 2), 1200.0f);
-}
 
 struct TruncateCase {
   double x;

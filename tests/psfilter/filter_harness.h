@@ -65,11 +65,6 @@ class LoadedFilter {
   LoadedFilter& operator=(const LoadedFilter&) = delete;
 
   PSFilter_* get() const { return filter_; }
-  bool can_repeat() const {
-    bool canRepeat = false;
-    AVPSFilterCanDoLastFilter(filter_, &canRepeat);
-    return canRepeat;
-  }
 
  private:
   PSFilter_* filter_ = nullptr;

@@ -151,17 +151,4 @@ TEST(PiplParser, TextsOfTheAcceptedListWithTheirLengthBoundByTheProperty) {
   EXPECT_EQ(texts.name, "Lo");  // the length byte claims 9 characters
 }
 
-TEST(PiplParser, ListStartsAtTheFirstFourByteBoundary) {
-  const std::string list = filter("wx86").bytes();
-  auto block = std::make_unique<unsigned char[]>(list.size() + 8);
-  unsigned char* aligned = block.get();
-  while (reinterpret_cast<std::uintptr_t>(aligned) % 4 != 0) ++aligned;
-  std::memcpy(aligned + 4, list.data(), list.size());
-  PiplTexts texts;
-  // Starting one byte past a boundary, the reader skips to the next one.
-  EXPECT_TRUE(read_pipl(aligned + 1, list.size() + 3, kX86, texts));
-  EXPECT_FALSE(read_pipl(aligned + 1, list.size() + 2, kX86, texts));
-  EXPECT_FALSE(read_pipl(nullptr, 100, kX86, texts));
-}
-
 }  // namespace

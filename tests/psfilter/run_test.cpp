@@ -1,6 +1,6 @@
 // Running test plug-ins over images: the selector sequence, tiles and
-// their write-back, kept parameters, progress and cancel, the suites, and
-// failures in each step.
+// their write-back, progress and cancel, the suites, and failures in each
+// step.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -77,41 +77,6 @@ INSTANTIATE_TEST_SUITE_P(
         InvertCase{6, 8, 256, 4, 0, 2, "4:2", "12345", true, 0, 4},
         InvertCase{6, 8, 256, 4, 0, 2, "", "123", true, 0, 0, true}));  // no tile: ends after start
 
-TEST(KeptParameters, RepeatReusesTheHandleAndSkipsTheParametersStep) {
-  LoadedFilter filter("params");
-  ASSERT_NE(filter.get(), nullptr);
-  EXPECT_FALSE(filter.can_repeat());
-  const Image source = pattern_image(11, 7);
-  const struct {
-    bool repeat;
-    const char* trace;
-    int added;                    // the parameters step counts its calls
-  } runs[] = {{true, "1234", 1},  // nothing kept yet: the parameters step runs
-              {true, "234", 1},
-              {false, "1234", 2}};
-  for (const auto& r : runs) {
-    const RunOutcome outcome = run(filter.get(), source, r.repeat);
-    ASSERT_TRUE(outcome.ok) << outcome.status;
-    EXPECT_EQ(outcome.trace, r.trace);
-    const auto plus = [&r](uint8_t value) { return uint8_t(value + r.added); };
-    EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, 0, 2, plus)), "");
-    EXPECT_TRUE(filter.can_repeat());
-  }
-}
-
-TEST(KeptParameters, CancelledDialogFailsTheRunAndKeepsNothing) {
-  const EnvSetting cancel("QNUTIL_PLUGIN_CANCEL", "1");
-  LoadedFilter filter("params");
-  const Image source = pattern_image(4, 4);
-  const RunOutcome outcome = run(filter.get(), source);
-  EXPECT_FALSE(outcome.ok);
-  EXPECT_EQ(outcome.status, -128);
-  EXPECT_EQ(outcome.trace, "1");
-  // The result image is made before the plug-in is asked, as an unchanged copy.
-  EXPECT_EQ(first_difference(outcome.image, source), "");
-  EXPECT_FALSE(filter.can_repeat());
-}
-
 // Progress reports seen by the host's caller; each test starts a new log.
 struct ProgressLog {
   std::vector<float> fractions;
@@ -163,21 +128,6 @@ TEST_F(Progress, FalseFromTheCallbackCancelsThroughAbortProc) {
   const RunOutcome next = run(filter.get(), other, false, record_progress, 4711);
   EXPECT_TRUE(next.ok);
   EXPECT_EQ(first_difference(next.image, with_planes_changed(other, 0, 2, inverted)), "");
-}
-
-TEST_F(Progress, CallbacksOutsideARunAnswerAsStopped) {
-  LoadedFilter filter("progress");
-  ASSERT_TRUE(run(filter.get(), pattern_image(3, 2), false, record_progress, 4711).ok);
-  g_log.fractions.clear();
-  // The plug-in is loaded already; this only borrows it.
-  HMODULE module = LoadLibraryA(plugin_path("progress").c_str());
-  ASSERT_NE(module, nullptr);
-  auto probe = reinterpret_cast<int (*)()>(
-      reinterpret_cast<void*>(GetProcAddress(module, "ProbeCallbacksOutsideRun")));
-  ASSERT_NE(probe, nullptr);
-  EXPECT_EQ(probe(), 3);
-  EXPECT_TRUE(g_log.fractions.empty());  // the caller's progress callback is not called
-  FreeLibrary(module);
 }
 
 TEST(Suites, BufferAndHandleSuitesServeHostAndPluginMemory) {

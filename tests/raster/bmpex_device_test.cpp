@@ -88,34 +88,6 @@ TEST(BmpExDevice, Draw2StretchesIntoTheRectangle) {
   DeleteObject(source);
 }
 
-TEST(BmpExDevice, SixteenAndTwentyFourBitDeviceRows) {
-  // 5-5-5 words (white 0x7FFF, pure red 0x7C00) keep their unscaled channels;
-  // 24-bit rows of width 3 are 9 bytes padded to the device row width of 10.
-  const std::uint16_t words[2] = {0x7FFF, 0x7C00};
-  const std::uint8_t bytes[20] = {0x03, 0x02, 0x01, 0x06, 0x05, 0x04, 0x09, 0x08, 0x07, 0,
-                                  0x0C, 0x0B, 0x0A, 0x0F, 0x0E, 0x0D, 0x12, 0x11, 0x10, 0};
-  const struct {
-    int width, height, depth;
-    const void* bits;
-    Pixels expected;
-  } cases[] = {{2, 1, 16, words, {0x001F1F1F, 0x001F0000}},
-               {3, 2, 24, bytes, {0x010203, 0x040506, 0x070809, 0x0A0B0C, 0x0D0E0F, 0x101112}}};
-  for (const auto& c : cases) {
-    const HBITMAP source = CreateBitmap(c.width, c.height, 1, static_cast<UINT>(c.depth), c.bits);
-    ASSERT_NE(source, nullptr);
-    BITMAP description{};
-    GetObjectA(source, sizeof description, &description);
-    const bmpExHandle image = new_image();
-    bmpExLoadFromHBitmap(image, source);
-    DibCanvas canvas(c.width, c.height, kBackground);
-    bmpExDraw(image, canvas.dc());
-    DeleteObject(source);
-    if (c.depth == 24 && description.bmBitsPixel != 24)
-      continue;  // the system keeps no 24-bit device bitmaps
-    expect_picture_at(canvas, 0, 0, c.expected, c.width, c.height);
-  }
-}
-
 TEST(BmpExDevice, PaletteBitmapsLeaveTheImageEmptyAndNullHandlesGiveZero) {
   const std::uint8_t indexes[4] = {0, 1, 2, 3};
   const HBITMAP source = CreateBitmap(2, 2, 1, 8, indexes);

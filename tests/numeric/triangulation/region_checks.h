@@ -195,54 +195,6 @@ class GridChecks {
     }
   }
 
-  // Sample points across the box [0, side]^2 (`per_unit` to a unit): each
-  // one inside the region lies in exactly one triangle, each outside in
-  // none. Samples on a triangle side or a ring edge are passed over.
-  void expect_covers_region_once(std::int64_t side, std::int64_t per_unit) const {
-    const std::int64_t scale = 2 * per_unit;  // samples at odd multiples of 1 / scale
-    for (std::int64_t i = 0; i < side * per_unit; ++i)
-      for (std::int64_t j = 0; j < side * per_unit; ++j) {
-        const P s{2 * i + 1, 2 * j + 1};
-        bool on_line = false;
-        for (const auto& [p, q] : ring_edges_)
-          on_line =
-              on_line || (orient({p.x * scale, p.y * scale}, {q.x * scale, q.y * scale}, s) == 0 &&
-                          std::min(p.x, q.x) * scale <= s.x && s.x <= std::max(p.x, q.x) * scale &&
-                          std::min(p.y, q.y) * scale <= s.y && s.y <= std::max(p.y, q.y) * scale);
-        int containing = 0;
-        for (std::size_t t = 0; t < result_.triangle_count() && !on_line; ++t) {
-          int sides[3];
-          for (int k = 0; k < 3; ++k) {
-            const P a = corner(t, k), b = corner(t, (k + 1) % 3);
-            sides[k] = orient({a.x * scale, a.y * scale}, {b.x * scale, b.y * scale}, s);
-          }
-          if (sides[0] >= 0 && sides[1] >= 0 && sides[2] >= 0) {
-            on_line = sides[0] == 0 || sides[1] == 0 || sides[2] == 0;
-            ++containing;
-          }
-        }
-        if (on_line) continue;
-        EXPECT_EQ(containing, inside_region(s, scale) ? 1 : 0)
-            << "sample (" << s.x << ", " << s.y << ") / " << scale;
-      }
-  }
-
-  // Whether two ring edges cross at a point inside both that is none of
-  // the plan's points.
-  bool rings_cross() const {
-    for (std::size_t i = 0; i < ring_edges_.size(); ++i)
-      for (std::size_t k = i + 1; k < ring_edges_.size(); ++k) {
-        const auto& [a, b] = ring_edges_[i];
-        const auto& [c, d] = ring_edges_[k];
-        if (!properly_cross(a, b, c, d)) continue;
-        const bool at_a_point = std::any_of(points_.begin(), points_.end(), [&](P p) {
-          return orient(a, b, p) == 0 && orient(c, d, p) == 0;
-        });
-        if (!at_a_point) return true;
-      }
-    return false;
-  }
-
   // Even-odd: the point s / scale against every ring edge.
   bool inside_region(P s, std::int64_t scale) const {
     bool inside = false;

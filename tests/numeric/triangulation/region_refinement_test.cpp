@@ -41,22 +41,5 @@ TEST(RegionRefinement, MeetsTheAngleBound) {
   }
 }
 
-TEST(RegionRefinement, CapAndNoBound) {
-  const Plan plan = square_with_openings();
-  const Result capped = triangulate(plan, 30, 7);
-  ASSERT_EQ(capped.code, QNUTIL_REGION_OK);
-  EXPECT_EQ(capped.added, 7u);
-  expect_tiles(plan, capped, outline_less_openings(plan));
-
-  // Without a bound (or without room) the result is TriangulateRegion's.
-  const Result plain = triangulate(plan);
-  for (const auto& [bound, cap] : {std::pair{0.0, 100u}, std::pair{30.0, 0u}}) {
-    const Result unrefined = triangulate(plan, bound, cap);
-    ASSERT_EQ(unrefined.code, QNUTIL_REGION_OK);
-    EXPECT_EQ(unrefined.added, 0u);
-    EXPECT_EQ(unrefined.corners, plain.corners);
-  }
-}
-
 }  // namespace
 }  // namespace region_test

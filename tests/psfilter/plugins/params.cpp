@@ -1,6 +1,5 @@
 // Keeps a parameters handle: each parameters step adds one to the counter
-// it holds (QNUTIL_PLUGIN_CANCEL=1 makes the step a cancelled dialog), and
-// the filter adds the counter to every colour byte of the image.
+// it holds, and the filter adds the counter to every colour byte of the image.
 #include "plugin_support.h"
 
 namespace {
@@ -14,10 +13,6 @@ std::int32_t* counter(FilterRecord& record) {
 QNUTIL_PLUGIN_ENTRY {
   switch (selector) {
     case filterSelectorParameters:
-      if (plugin::env_int("QNUTIL_PLUGIN_CANCEL", 0)) {
-        *result = userCanceledErr;
-        break;
-      }
       if (!record->parameters)
         record->parameters = record->handleProcs->newProc(sizeof(std::int32_t));
       ++*counter(*record);
