@@ -95,6 +95,18 @@ TEST_F(MbSearch, HigherNumberedNameWinsBeforeThePlace) {
   fs::remove(root_file);
 }
 
+// Listed folders are searched in order; empty entries are skipped.
+TEST_F(MbSearch, FindsFilesInTheListedFolders) {
+  ScratchDir first, second;
+  write_file(second.file("wanted.dat"), "2");
+  write_configuration("liste=" + first.path().string() + ";;" + second.path().string() + "\r\n");
+  use_mb_folder();
+  char out[QNUTIL_PATH_SIZE];
+  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "wanted.dat", out), 0);
+  EXPECT_EQ(std::string(out), makepath(second.path().string(), "wanted.dat"));
+  EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "absent.dat", out), -1);
+}
+
 TEST_F(MbSearch, ReadsAFolderFromTheConfiguration) {
 #ifdef _WIN32
   const std::string configuration = write_configuration("daten=D:\\Daten\\Bilder\r\nleer=\r\n");
