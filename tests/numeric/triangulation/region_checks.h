@@ -1,17 +1,14 @@
 // Helpers of the region tests: plans built ring by ring, one call of
 // TriangulateRegion, and checks of its triangles that are independent of
-// the library: in exact integer arithmetic for plans on the integer grid
-// (|coordinate| <= 8000 keeps every in-circle determinant inside int64).
+// the library.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <optional>
 #include <random>
-#include <set>
 #include <utility>
 #include <vector>
 
@@ -85,136 +82,7 @@ inline Result triangulate(const Plan& plan, std::optional<double> min_angle = {}
   return result;
 }
 
-struct P {
-  std::int64_t x, y;
-};
-inline bool operator==(P a, P b) { return a.x == b.x && a.y == b.y; }
-inline bool operator<(P a, P b) { return a.x != b.x ? a.x < b.x : a.y < b.y; }
-
-inline int orient(P a, P b, P c) {
-  const std::int64_t d = (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
-  return (d > 0) - (d < 0);
-}
-// For a, b, c counter-clockwise: 1 when d is strictly inside their circumcircle.
-inline int in_circle(P a, P b, P c, P d) {
-  const std::int64_t adx = a.x - d.x, ady = a.y - d.y, bdx = b.x - d.x, bdy = b.y - d.y,
-                     cdx = c.x - d.x, cdy = c.y - d.y;
-  const std::int64_t det = (adx * adx + ady * ady) * (bdx * cdy - cdx * bdy) +
-                           (bdx * bdx + bdy * bdy) * (cdx * ady - adx * cdy) +
-                           (cdx * cdx + cdy * cdy) * (adx * bdy - bdx * ady);
-  return (det > 0) - (det < 0);
-}
-inline bool properly_cross(P a, P b, P c, P d) {
-  return orient(a, b, c) * orient(a, b, d) < 0 && orient(c, d, a) * orient(c, d, b) < 0;
-}
-
-// Checks of a result for a plan on the integer grid.
-class GridChecks {
- public:
-  GridChecks(const Plan& plan, const Result& result) : result_(result) {
-    for (std::size_t i = 0; i < plan.point_count(); ++i) {
-      const double x = plan.xy[2 * i], y = plan.xy[2 * i + 1];
-      EXPECT_TRUE(x == std::floor(x) && y == std::floor(y) && std::fabs(x) <= 8000 &&
-                  std::fabs(y) <= 8000)
-          << "not a grid plan";
-      points_.push_back({static_cast<std::int64_t>(x), static_cast<std::int64_t>(y)});
-    }
-    std::size_t start = 0;
-    for (unsigned int size : plan.rings) {
-      for (unsigned int k = 0; k < size; ++k) {
-        const P a = points_[start + k], b = points_[start + (k + 1) % size];
-        if (!(a == b)) ring_edges_.push_back({a, b});
-      }
-      start += size;
-    }
-  }
-
-  P corner(std::size_t triangle, int k) const { return points_[result_.corners[3 * triangle + k]]; }
-
-  // Counter-clockwise, valid indices, each directed edge once, every
-  // centroid inside the region, and the area is the region's.
-  void expect_tiles_region(std::int64_t expected_double_area) const {
-    std::set<std::pair<P, P>> directed;
-    std::int64_t double_area = 0;
-    for (std::size_t t = 0; t < result_.triangle_count(); ++t) {
-      for (int k = 0; k < 3; ++k) ASSERT_LT(result_.corners[3 * t + k], points_.size());
-      const P a = corner(t, 0), b = corner(t, 1), c = corner(t, 2);
-      ASSERT_EQ(orient(a, b, c), 1) << "triangle " << t;
-      double_area += (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
-      for (int k = 0; k < 3; ++k)
-        EXPECT_TRUE(directed.insert({corner(t, k), corner(t, (k + 1) % 3)}).second)
-            << "edge used twice in one direction";
-      EXPECT_TRUE(inside_region({a.x + b.x + c.x, a.y + b.y + c.y}, 3)) << "triangle " << t;
-    }
-    EXPECT_EQ(double_area, expected_double_area);
-  }
-
-  // No ring edge passes through the inside of a triangle: each is a chain
-  // of triangle edges where the region borders it.
-  void expect_ring_edges_kept() const {
-    for (std::size_t t = 0; t < result_.triangle_count(); ++t) {
-      const P c[3] = {corner(t, 0), corner(t, 1), corner(t, 2)};
-      for (const auto& [p, q] : ring_edges_) {
-        bool separated = false;
-        for (int k = 0; k < 3 && !separated; ++k)
-          separated = orient(c[k], c[(k + 1) % 3], p) <= 0 && orient(c[k], c[(k + 1) % 3], q) <= 0;
-        const int sides[3] = {orient(p, q, c[0]), orient(p, q, c[1]), orient(p, q, c[2])};
-        separated = separated || std::all_of(sides, sides + 3, [](int s) { return s >= 0; }) ||
-                    std::all_of(sides, sides + 3, [](int s) { return s <= 0; });
-        EXPECT_TRUE(separated) << "ring edge through triangle " << t;
-      }
-    }
-  }
-
-  // No vertex of the mesh lies inside a triangle's circumcircle where it
-  // can be seen from the triangle: from its centroid or from near a corner,
-  // without crossing a ring edge.
-  void expect_constrained_delaunay() const {
-    std::set<P> vertices;
-    for (unsigned int index : result_.corners) vertices.insert(points_[index]);
-    for (std::size_t t = 0; t < result_.triangle_count(); ++t) {
-      const P a = corner(t, 0), b = corner(t, 1), c = corner(t, 2);
-      for (const P v : vertices) {
-        if (in_circle(a, b, c, v) <= 0) continue;
-        // Sight points scaled by 30: the centroid and points a tenth in from the corners.
-        const P sights[4] = {{10 * (a.x + b.x + c.x), 10 * (a.y + b.y + c.y)},
-                             {3 * (8 * a.x + b.x + c.x), 3 * (8 * a.y + b.y + c.y)},
-                             {3 * (a.x + 8 * b.x + c.x), 3 * (a.y + 8 * b.y + c.y)},
-                             {3 * (a.x + b.x + 8 * c.x), 3 * (a.y + b.y + 8 * c.y)}};
-        const P target{30 * v.x, 30 * v.y};
-        for (const P sight : sights) {
-          bool blocked = false;
-          for (const auto& [p, q] : ring_edges_)
-            blocked = blocked ||
-                      properly_cross(sight, target, {30 * p.x, 30 * p.y}, {30 * q.x, 30 * q.y});
-          EXPECT_TRUE(blocked) << "vertex (" << v.x << ", " << v.y
-                               << ") seen inside the circle of triangle " << t;
-          if (!blocked) return;
-        }
-      }
-    }
-  }
-
-  // Even-odd: the point s / scale against every ring edge.
-  bool inside_region(P s, std::int64_t scale) const {
-    bool inside = false;
-    for (const auto& [p0, q0] : ring_edges_) {
-      const P p{p0.x * scale, p0.y * scale}, q{q0.x * scale, q0.y * scale};
-      if ((p.y > s.y) != (q.y > s.y) && orient(p, q, s) == (q.y > p.y ? 1 : -1)) inside = !inside;
-    }
-    return inside;
-  }
-
- private:
-  const Result& result_;
-  std::vector<P> points_;
-  std::vector<std::pair<P, P>> ring_edges_;
-};
-
-// Checks in doubles, for meshes with points the library added (and for
-// plans off the grid): every triangle counter-clockwise, every centroid
-// inside the region by the even-odd rule (centroids lie well away from the
-// rings), the area the region's to 1e-9. Returns the smallest angle in degrees.
+// Even-odd: whether (x, y) lies inside the rings.
 inline bool inside_plan(const Plan& plan, double x, double y) {
   bool in = false;
   std::size_t start = 0;
@@ -230,6 +98,9 @@ inline bool inside_plan(const Plan& plan, double x, double y) {
   return in;
 }
 
+// Every triangle counter-clockwise, every centroid inside the region
+// (centroids lie well away from the rings), the area the region's to 1e-9.
+// Returns the smallest angle in degrees.
 inline double expect_tiles(const Plan& plan, const Result& result, double region_area) {
   double area = 0, smallest = 180;
   for (std::size_t t = 0; t < result.triangle_count(); ++t) {
