@@ -1,5 +1,4 @@
 // Raw buffers, device bitmaps and files as GDI+ images, checked by pixels.
-#include <cstdio>
 #include <cstring>
 #include <string>
 

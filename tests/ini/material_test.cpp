@@ -1,7 +1,6 @@
 // CQnMatFile loading and writing material files.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <string>
 
 #include "qnutil/qnutil.h"

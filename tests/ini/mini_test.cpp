@@ -2,12 +2,10 @@
 // records stored as number lists.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "qnutil/qnutil.h"

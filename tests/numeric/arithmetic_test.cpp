@@ -5,7 +5,6 @@
 #include <cmath>
 #include <iterator>
 #include <limits>
-#include <string>
 
 #include "qnutil/qnutil.h"
 

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <vector>
 
 #include "support/dib_canvas_win32.h"
 #include "qnutil/gdi_win32.h"
