@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "qnutil/qnutil.h"
+#include "support/test_support.h"
 
 #ifdef _WIN32
 #include <shlobj.h>
@@ -80,21 +80,6 @@ TEST(ProgPathAppData, AppendsTheHostsFoldersWhenTheyFit) {
 
 #ifndef _WIN32
 
-// Sets (value non-null) or removes an environment variable for one scope.
-class ScopedVariable {
- public:
-  ScopedVariable(const char* name, const char* value) : name_(name), had_(std::getenv(name)) {
-    if (had_) old_ = std::getenv(name);
-    value ? setenv(name, value, 1) : unsetenv(name);
-  }
-  ~ScopedVariable() { had_ ? setenv(name_, old_.c_str(), 1) : unsetenv(name_); }
-
- private:
-  const char* name_;
-  bool had_;
-  std::string old_;
-};
-
 TEST(ProgPathRoamingAppData, FollowsTheXdgRules) {
   const std::string long_home = "/" + std::string(250, 'h');  // beyond the 260-byte buffer
   const struct {
@@ -108,8 +93,8 @@ TEST(ProgPathRoamingAppData, FollowsTheXdgRules) {
               {nullptr, "", 0, "unchanged"},
               {nullptr, long_home.c_str(), 0, "unchanged"}};
   for (const auto& row : rows) {
-    ScopedVariable data_home("XDG_DATA_HOME", row.data_home);
-    ScopedVariable home("HOME", row.home);
+    const qnutil_test::ScopedEnvironmentVariable data_home("XDG_DATA_HOME", row.data_home);
+    const qnutil_test::ScopedEnvironmentVariable home("HOME", row.home);
     char buf[260] = "unchanged";
     EXPECT_EQ(QnUtil_GetProgPathRoamingAppData(buf), row.result) << row.expected;
     EXPECT_STREQ(buf, row.expected);

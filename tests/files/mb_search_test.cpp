@@ -2,9 +2,7 @@
 // in a fresh current folder with MB pointing to a fresh folder (or unset).
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <optional>
 #include <string>
 
 #include "qnutil/qnutil.h"
@@ -20,11 +18,9 @@ using qnutil_test::write_file;
 #ifdef _WIN32
 constexpr char kRoot[] = "C:\\";
 constexpr char kSep[] = "\\";
-void set_mb(const char* value) { _putenv_s("MB", value != nullptr ? value : ""); }
 #else
 constexpr char kRoot[] = "/";
 constexpr char kSep[] = "/";
-void set_mb(const char* value) { value != nullptr ? setenv("MB", value, 1) : unsetenv("MB"); }
 #endif
 
 std::string makepath(const std::string& sub, const std::string& file) {
@@ -42,19 +38,15 @@ class MbSearch : public ::testing::Test {
       QnUtil_FreeEntries(&found);
       GTEST_SKIP() << "a configuration file at " << kRoot << " would be found first";
     }
-    if (const char* mb = std::getenv("MB")) saved_mb_ = mb;
     saved_cwd_ = fs::current_path();
     fs::current_path(work_.path());
     cwd_ = fs::current_path().string();
-    set_mb(nullptr);
   }
   void TearDown() override {
-    if (saved_cwd_.empty()) return;
-    fs::current_path(saved_cwd_);
-    set_mb(saved_mb_ ? saved_mb_->c_str() : nullptr);
+    if (!saved_cwd_.empty()) fs::current_path(saved_cwd_);
   }
 
-  void use_mb_folder() { set_mb(mb_.path().string().c_str()); }
+  void use_mb_folder() { mb_variable_.set(mb_.path().string().c_str()); }
 
   // A configuration file mb.ini in the current folder with one section.
   std::string write_configuration(const std::string& section_body) {
@@ -73,7 +65,7 @@ class MbSearch : public ::testing::Test {
 
  private:
   fs::path saved_cwd_;
-  std::optional<std::string> saved_mb_;
+  qnutil_test::ScopedEnvironmentVariable mb_variable_{"MB", nullptr};
 };
 
 // The current folder's candidate is joined as it stands, not composed; the

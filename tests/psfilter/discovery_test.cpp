@@ -50,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(PluginDiscovery, UnusableArgumentsAndOptionalOutputs) {
   PSFilter_* filter = nullptr;
   int32_t error = 0;
-  EXPECT_FALSE(AVGetPSFilterAndInfo(qnutil_test::test_program_path().c_str(), nullptr, nullptr,
+  EXPECT_FALSE(AVGetPSFilterAndInfo(qnutil_test::own_path().string().c_str(), nullptr, nullptr,
                                     &filter, &error));
   EXPECT_EQ(error, -1);
   EXPECT_FALSE(AVGetPSFilterAndInfo(nullptr, nullptr, nullptr, &filter, &error));

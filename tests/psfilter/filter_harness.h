@@ -11,18 +11,12 @@
 #include <vector>
 
 #include "qnutil/qnutil_win32.h"
+#include "support/own_path.h"
 
 namespace qnutil_test {
 
-inline std::string test_program_path() {
-  char path[MAX_PATH] = {};
-  GetModuleFileNameA(nullptr, path, MAX_PATH);
-  return path;
-}
-
 inline std::string plugin_path(const std::string& name) {
-  const std::string program = test_program_path();
-  return program.substr(0, program.find_last_of("\\/") + 1) + "psfilter-plugins\\" + name + ".8bf";
+  return sibling(("psfilter-plugins\\" + name + ".8bf").c_str());
 }
 
 // Rows top-down, blue, green, red, alpha, with padding after each row.
@@ -42,18 +36,6 @@ inline Image pattern_image(int32_t width, int32_t height, int32_t padding = 8) {
   for (size_t i = 0; i < image.bytes.size(); ++i) image.bytes[i] = uint8_t(i * 7 + i / 13);
   return image;
 }
-
-// Sets an environment variable of the process for the scope.
-class EnvSetting {
- public:
-  EnvSetting(const char* name, const std::string& value) : name_(name) {
-    SetEnvironmentVariableA(name, value.c_str());
-  }
-  ~EnvSetting() { SetEnvironmentVariableA(name_, nullptr); }
-
- private:
-  const char* name_;
-};
 
 class LoadedFilter {
  public:

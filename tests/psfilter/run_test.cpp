@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "filter_harness.h"
+#include "support/test_support.h"
 
 namespace {
 
@@ -34,12 +35,13 @@ class InvertRun : public ::testing::TestWithParam<InvertCase> {};
 
 TEST_P(InvertRun, StatusTraceAndEveryTileWrittenBackInsideTheImage) {
   const InvertCase c = GetParam();
-  const EnvSetting settings[] = {{"QNUTIL_PLUGIN_TILE_W", std::to_string(c.tileWidth)},
-                                 {"QNUTIL_PLUGIN_TILE_H", std::to_string(c.tileHeight)},
-                                 {"QNUTIL_PLUGIN_LO", std::to_string(c.lo)},
-                                 {"QNUTIL_PLUGIN_HI", std::to_string(c.hi)},
-                                 {"QNUTIL_PLUGIN_FAIL", c.fail},
-                                 {"QNUTIL_PLUGIN_NO_TILES", c.noTiles ? "1" : "0"}};
+  const ScopedEnvironmentVariable settings[] = {
+      {"QNUTIL_PLUGIN_TILE_W", std::to_string(c.tileWidth).c_str()},
+      {"QNUTIL_PLUGIN_TILE_H", std::to_string(c.tileHeight).c_str()},
+      {"QNUTIL_PLUGIN_LO", std::to_string(c.lo).c_str()},
+      {"QNUTIL_PLUGIN_HI", std::to_string(c.hi).c_str()},
+      {"QNUTIL_PLUGIN_FAIL", c.fail},
+      {"QNUTIL_PLUGIN_NO_TILES", c.noTiles ? "1" : "0"}};
   LoadedFilter filter("invert");
   ASSERT_NE(filter.get(), nullptr);
   const Image source = pattern_image(c.width, c.height);

@@ -3,9 +3,11 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -61,6 +63,33 @@ class MessageCapture {
     static_cast<MessageCapture*>(user)->boxes_.push_back({caption, text});
   }
   std::vector<Box> boxes_;
+};
+
+// Sets an environment variable of the process (removes it for a null value)
+// and restores what it was at the end of the scope. Windows' run-time cannot
+// hold an empty value: there "" removes the variable too. The run-time
+// passes the change on to the process environment, where DLLs read it.
+class ScopedEnvironmentVariable {
+ public:
+  ScopedEnvironmentVariable(const char* name, const char* value) : name_(name) {
+    if (const char* old = std::getenv(name)) old_ = old;
+    set(value);
+  }
+  ~ScopedEnvironmentVariable() { set(old_ ? old_->c_str() : nullptr); }
+  ScopedEnvironmentVariable(const ScopedEnvironmentVariable&) = delete;
+  ScopedEnvironmentVariable& operator=(const ScopedEnvironmentVariable&) = delete;
+
+  void set(const char* value) {
+#ifdef _WIN32
+    _putenv_s(name_, value ? value : "");
+#else
+    value ? setenv(name_, value, 1) : unsetenv(name_);
+#endif
+  }
+
+ private:
+  const char* name_;
+  std::optional<std::string> old_;
 };
 
 inline std::string read_file(const std::filesystem::path& path) {

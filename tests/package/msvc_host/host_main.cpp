@@ -180,6 +180,8 @@ void ini_objects() {
 constexpr const char* kGlass =
     "[Material]\r\nName=Glas\r\n[Glas]\r\nkdiffus=0.5\r\nOe=4\r\nBits=5\r\nTesttextur=wood.bmp\r\n";
 
+constexpr const char* kTexture = "C:\\Texturen\\Bl\366cke.bmp";  // \366: o-umlaut
+
 void material_file() {
   const char* path = scratch(1, "glass.mat");
   write_file(path, kGlass);
@@ -202,20 +204,14 @@ void material_file() {
   mat.GetLogName(name);
   CHECK(same(name, "Glas"));
   mat.SetLogName(CString("Gl\xe4ser f\xfcr Fenster"));
-  mat.SetTestTexturePath(
-      CString("C:\\Texturen\\Bl\xf6"
-              "cke.bmp"));
+  mat.SetTestTexturePath(CString(kTexture));
   CString texture;
   mat.GetTestTexturePath(texture);
-  CHECK(same(texture,
-             "C:\\Texturen\\Bl\xf6"
-             "cke.bmp"));
+  CHECK(same(texture, kTexture));
   mat.GetLogName(name);
   CHECK(same(name, "Gl\xe4ser f\xfcr Fenster"));
   CHECK(mat.Write(file) == 1);
-  CHECK(contains(path,
-                 "Testtextur=C:\\Texturen\\Bl\xf6"
-                 "cke.bmp\r\n"));
+  CHECK(contains(path, "Testtextur=C:\\Texturen\\Bl\366cke.bmp\r\n"));
 
   // Copies keep their own record and strings.
   CQnMatFile copy(mat);
@@ -227,9 +223,7 @@ void material_file() {
   for (CQnMatFile* other : copies) {
     CHECK(other->IsLoaded() == 1 && other->GetMaterialPtr()->kdiffus == 0.5f);
     other->GetTestTexturePath(texture);
-    CHECK(same(texture,
-               "C:\\Texturen\\Bl\xf6"
-               "cke.bmp"));
+    CHECK(same(texture, kTexture));
   }
   delete assigned;
   CHECK(freed(assigned));
