@@ -156,8 +156,8 @@ TEST_F(GdiPlusTest, SurfaceOnABitmapDrawsIntoIt) {
   ASSERT_EQ(gdiPlusGetHDCFromGraphics(surface, &surface_dc), 1);
   EXPECT_EQ(gdiPlusFreeHDC(surface, surface_dc), 1);
   const Gdiplus::SolidBrush green(Gdiplus::Color(255, 0, 255, 0));
-  static_cast<Gdiplus::Graphics*>(surface)->FillRectangle(&green, 0, 0, 4,
-                                                          4);  // shifted by the origin
+  // Shifted by the origin to (8, 8).
+  static_cast<Gdiplus::Graphics*>(surface)->FillRectangle(&green, 0, 0, 4, 4);
   EXPECT_EQ(gdiPlusFreeGraphics(surface), 1);
   EXPECT_EQ(argb_at(image, 9, 9), 0xFF00FF00u);
   EXPECT_EQ(argb_at(image, 1, 1), 0xFF000000u);

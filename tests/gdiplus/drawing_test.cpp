@@ -77,8 +77,8 @@ TEST_F(GdiPlusTest, PolygonFills) {
   EXPECT_EQ(at(50, 50), 0x008000u);
   EXPECT_EQ(at(90, 50), 0xFFFFFFu);
   fill(0x00FFFFFF);
-  EXPECT_EQ(gdiPlusFillPolygonEX(dc(), 0, 42, 255, 0, 0, 0, square, 4),
-            1);  // unknown style: nothing
+  // An unknown style draws nothing.
+  EXPECT_EQ(gdiPlusFillPolygonEX(dc(), 0, 42, 255, 0, 0, 0, square, 4), 1);
   EXPECT_EQ(dark_box().right, -1);
   EXPECT_EQ(gdiPlusFillPolygonEX(dc(), 0, 6, 255, 0, 0, 0, square, 4), 1);  // cross hatch
   const RECT box = dark_box();
