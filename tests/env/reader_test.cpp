@@ -26,44 +26,29 @@ INSTANTIATE_TEST_SUITE_P(
     Format, EnvReadValue,
     ::testing::Values(
         ReadCase{"EmptyValue", "[S]\na =\n", "S", "a", ""},
-        ReadCase{"EmptyValueAtEnd", "[S]\na =", "S", "a", ""},
         ReadCase{"TrailingBlanksCut", "[S]\na = x  \t \n", "S", "a", "x"},
-        ReadCase{"LeadingBlanksSkipped", "[S]\na =  x\n", "S", "a", "x"},
         ReadCase{"NameBlanksCut", "[S]\n   long name \t= v\n", "S", "long name", "v"},
         ReadCase{"SectionNameTrimmed", "[ \tS x\t ]\na =1\n", "S x", "a", "1"},
         ReadCase{"TextBeforeFirstSectionIgnored", "junk = 1\n}}\n[S]\na =1\n", "S", "a", "1"},
         ReadCase{"ValueKeepsSpecials", "[S]\na =1;2=[x]},{\n", "S", "a", "1;2=[x]},{"},
         ReadCase{"CommentLine", "[S]\n;a =1\nb =2\n", "S", "a", "<-4>"},
-        ReadCase{"CommentAtInputStart", ";[X]\n[S]\nb =2\n", "X", "b", "<-4>"},
         ReadCase{"IndentedSemicolonIsAName", "[S]\n ;c =2\n", "S", ";c", "2"},
         ReadCase{"Continuation", "[S]\na =12\\\n34\n", "S", "a", "1234"},
-        ReadCase{"ContinuationWithSpaces", "[S]\na =12\\   \n34\n", "S", "a", "1234"},
         ReadCase{"BackslashKept", "[S]\na =12\\x\n", "S", "a", "12\\x"},
-        ReadCase{"BackslashSpacesKept", "[S]\na =12\\  x\n", "S", "a", "12\\  x"},
         ReadCase{"ContinuationInName", "[S]\nna\\\nme =1\n", "S", "name", "1"},
         ReadCase{"NameOverLines", "[S]\nname\nc =1\n", "S", "name\nc", "1"},
         ReadCase{"CarriageReturnKeptByCallback", "[S]\na =1\r\n", "S", "a", "1\r"},
         ReadCase{"BlockAfterBlank", "[S]\nb = {\nc =1\n}\n", "S", "b@c", "1"},
-        ReadCase{"BlockThenName", "[S]\nb = {x =2\n}\n", "S", "b@x", "2"},
         ReadCase{"NestedBlocks", "[S]\na={b={c={d=deep\n}}}\n", "S", "a@b@c@d", "deep"},
-        ReadCase{"IndentedBlock", "[S]\n  f ={\n    c =red\n  }\n[T]\n", "S", "f@c", "red"},
         ReadCase{"ByteFFEndsTheInput", "[S]\na =1\xff\nb =2\n", "S", "a", "1"},
-        ReadCase{"NothingAfterByteFF", "[S]\na =1\xff\nb =2\n", "S", "b", "<-4>"},
         ReadCase{"Duplicates", "[S]\na =1\na =2\n", "S", "a@2", "2"},
-        ReadCase{"DuplicateSections", "[S]\na =1\n[S]\na =2\n", "S", "a@2", "<-4>"},
         ReadCase{
             "TrailingBlanksOnlyFromLastChunk",
             "[S]\na =xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
             "xxxxxxxxxxxxxxxxxxxxx  \n",
             "S", "a",
             "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
-            "xxxxxxxxxxxxxxxxxxxxx "},
-        ReadCase{"ValueOverChunks",
-                 "[S]\na =0123456789012345678901234567890123456789012345678901234567890123456789"
-                 "012345678901234567890123456789 end\n",
-                 "S", "a",
-                 "0123456789012345678901234567890123456789012345678901234567890123456789"
-                 "012345678901234567890123456789 end"}),
+            "xxxxxxxxxxxxxxxxxxxxx "}),
     [](const auto& info) { return std::string(info.param.name); });
 
 struct ErrorCase {
@@ -84,13 +69,12 @@ TEST_P(EnvReadError, ReportsAndKeepsEarlierSections) {
   EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), c.sections_kept);
 }
 
-INSTANTIATE_TEST_SUITE_P(Errors, EnvReadError,
-                         ::testing::Values(ErrorCase{"[A]\na =1\n}\n", "Section waited", 1},
-                                           ErrorCase{"[A]\na =1\n[B]\nb ={\nc =1\n",
-                                                     "Cbracesymbol waited", 1},
-                                           ErrorCase{"[A]\n[B]\nname", "Equal sign waited", 1},
-                                           ErrorCase{"[A]\nx ={\n[B]\n", "Cbracesymbol waited", 0},
-                                           ErrorCase{"[A]\n=1\n", "Section waited", 1}));
+INSTANTIATE_TEST_SUITE_P(
+    Errors, EnvReadError,
+    ::testing::Values(ErrorCase{"[A]\na =1\n}\n", "Section waited", 1},
+                      ErrorCase{"[A]\na =1\n[B]\nb ={\nc =1\n", "Cbracesymbol waited", 1},
+                      ErrorCase{"[A]\n[B]\nname", "Equal sign waited", 1},
+                      ErrorCase{"[A]\nx ={\n[B]\n", "Cbracesymbol waited", 0}));
 
 TEST(EnvRead, DeepNestingNeedsNoDeepStack) {
   constexpr int kDepth = 100000;

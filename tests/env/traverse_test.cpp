@@ -1,6 +1,4 @@
 // Iteration, callback walks, name listings, sink and block copies.
-#include <filesystem>
-
 #include "env_fixture.h"
 
 using namespace env_test;
@@ -116,33 +114,5 @@ TEST_F(EnvSink, CopyBlock) {
   EXPECT_EQ(env_close(src_.release(), 0), ENV_OK);  // no sub-environment left open
   EXPECT_EQ(env_close(target.release(), 0), ENV_OK);
 }
-
-// The file reader's buffered path gives the same trees as the character
-// callback over the same bytes as text mode delivers them.
-#ifdef QNUTIL_ENV_CORPUS_DIR
-TEST(EnvReadPaths, FileAndCallbackAgreeOnTheFuzzCorpus) {
-  const std::filesystem::path corpus = QNUTIL_ENV_CORPUS_DIR;
-  if (!std::filesystem::is_directory(corpus)) GTEST_SKIP() << "no corpus at " << corpus;
-  MessageCapture quiet;
-  int files = 0;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(corpus)) {
-    if (!entry.is_regular_file()) continue;
-    const std::string bytes = qnutil_test::read_file(entry.path());
-    std::string text_mode;
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-      const unsigned char b = static_cast<unsigned char>(bytes[i]);
-      if (b == 0x1A || b == 0xFF) break;
-      if (b == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') continue;
-      text_mode += static_cast<char>(b);
-    }
-    Env from_file, from_callback;
-    const int file_status = env_read_file(entry.path().string().c_str(), from_file);
-    EXPECT_EQ(read_text(from_callback, text_mode), file_status) << entry.path();
-    EXPECT_EQ(write_text(from_file), write_text(from_callback)) << entry.path();
-    ++files;
-  }
-  EXPECT_GT(files, 0);
-}
-#endif
 
 }  // namespace

@@ -60,14 +60,11 @@ TEST_F(Fio, DetectsTheHeader) {
     int byte_order;
     int first_byte;  // what the first read returns
   } cases[] = {{"1.1  @mbMOTOROLAz", QNUTIL_FIO_BIG_ENDIAN, 'z'},
-               {"1.1  @mbmotorolaz", QNUTIL_FIO_LITTLE_ENDIAN, 'z'},
                // Either marker alone, anywhere in the first 8 bytes.
                {"xx1.1xxxMOTOROLA!", QNUTIL_FIO_BIG_ENDIAN, '!'},
                {"xxxxx@mbINTEL   !", QNUTIL_FIO_LITTLE_ENDIAN, '!'},
                {"plain binary data", QNUTIL_FIO_NO_HEADER, 'p'},
-               {"1.", QNUTIL_FIO_NO_HEADER, '1'},
                // Short files are judged by what could be read.
-               {"1.1", QNUTIL_FIO_LITTLE_ENDIAN, -1},
                {"1.1  @mbMOTOR", QNUTIL_FIO_LITTLE_ENDIAN, -1},
                {"", QNUTIL_FIO_NO_HEADER, -1}};
   for (const auto& c : cases) {
@@ -109,17 +106,13 @@ TEST(GetString, ReadsSuccessiveFields) {
     int max;
     std::vector<std::pair<int, std::string>> fields;  // results of successive calls
   } cases[] = {{"", 10, {{-1, ""}}},
-               {"x", 10, {{0, "x"}, {-1, ""}}},
                {"abc\ndef", 10, {{0, "abc"}, {0, "def"}, {-1, ""}}},
                // The line feed after a carriage return is kept, once.
                {"abc\r\ndef\r\n", 10, {{0, "abc\n"}, {0, "def\n"}, {-1, ""}}},
-               {"ab\rcd", 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
                // A carriage return at the end pushes back 0xFF.
                {"ab\r", 10, {{0, "ab"}, {0, "\xFF"}, {-1, ""}}},
-               {"ab\0cd"s, 10, {{0, "ab"}, {0, "cd"}}},
                {"ab\r\0cd"s, 10, {{0, "ab"}, {0, "cd"}, {-1, ""}}},
                {"abcdefg\n", 3, {{0, "abc"}, {0, "def"}, {0, "g"}, {-1, ""}}},
-               {"abc\n", 3, {{0, "abc"}, {0, ""}, {-1, ""}}},
                {"\n\n", 5, {{0, ""}, {0, ""}, {-1, ""}}}};
   for (const auto& c : cases) {
     StreamFile stream(c.input);

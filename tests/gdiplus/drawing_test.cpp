@@ -23,17 +23,7 @@ TEST_F(GdiPlusTest, RotatedEllipseTurnsAboutTheCentre) {
   EXPECT_NEAR((upright.left + upright.right) / 2.0, 60, 1);
 }
 
-TEST_F(GdiPlusTest, ArcPenIsTenTimesTheWidthAndUnknownStylesAreSolid) {
-  // Lower half of the circle in (20, 20, 80, 80): its bottom is at y = 100.
-  EXPECT_EQ(gdiPlusDrawRotatedArcRGB(dc(), 20, 20, 80, 80, 0, 0, 0, 180, 0, 9, 0.3f, 0, 0, 0), 1);
-  int thickness = 0;
-  for (int y = 90; y < 110; ++y) thickness += dark(60, y) ? 1 : 0;
-  EXPECT_NEAR(thickness, 3, 1);
-  // Solid: no gap along the bottom of the arc.
-  for (int x = 55; x <= 65; ++x) EXPECT_TRUE(dark(x, 100) || dark(x, 99) || dark(x, 101)) << x;
-}
-
-TEST_F(GdiPlusTest, EllipseFillStylesSolidHatchOrNone) {
+TEST_F(GdiPlusTest, EllipseFillStylesSolidOrNone) {
   // Fill style 1: solid red inside.
   gdiPlusDrawRotatedEllipseRGB(dc(), 10, 10, 100, 100, 0, 0, 0, 1, 0.1f, 0, 0, 0, 255, 1, 255, 0,
                                0);
@@ -45,22 +35,6 @@ TEST_F(GdiPlusTest, EllipseFillStylesSolidHatchOrNone) {
                                  0, 0);
     EXPECT_EQ(at(60, 60), 0x00FF00u) << style;
   }
-  // Fill style 4: a red hatch over white, whatever lay beneath. Wine and
-  // Windows draw the hatch pattern differently, so only what both must
-  // show is checked: the green beneath never shows, and hatch lines do.
-  fill(0x0000FF00);
-  gdiPlusDrawRotatedEllipseRGB(dc(), 10, 10, 100, 100, 0, 0, 0, 1, 0.1f, 0, 0, 0, 255, 4, 255, 0,
-                               0);
-  int green = 0, reddish = 0;
-  for (int y = 50; y < 70; ++y)
-    for (int x = 50; x < 70; ++x) {
-      const std::uint32_t p = at(x, y);
-      green += p == 0x00FF00 ? 1 : 0;
-      reddish += p != 0xFFFFFF && ((p >> 16) & 255) > ((p >> 8) & 255) ? 1 : 0;
-    }
-  EXPECT_EQ(green, 0);
-  EXPECT_GT(reddish, 0);
-  EXPECT_LT(reddish, 400);  // a hatch, not a solid fill
 }
 
 TEST_F(GdiPlusTest, FillRectStartsAtTheOrigin) {

@@ -27,11 +27,9 @@ class MiniTest : public testing::Test {
  protected:
   void SetUp() override {
     write_file(path_,
-               "[s]\r\nempty=\r\nlong=123xyz\r\nhuge=99999999999\r\nreal=-2.25\r\n"
-               "inf=1e999\r\nword=abcdef\r\nshort=ab\r\nlist=1,2,3\r\nblanks=1 2 3\r\n"
-               "trailing=1,2,\r\ndouble_sep=1,,2\r\nsigned_sep=1,-2\r\nbad=x\r\n"
-               "[styles]\r\nshort=3,7\r\nbad=1,,2\r\ntrunc=2.9,300.7,1,2,3,-1.9,4,5,6,259\r\n"
-               "tex=0.00005,1,2,3,4,5,6,7,8,0.0001,-0.5,9.5,10.25\r\nguidlessGUID=not a guid\r\n");
+               "[s]\r\nempty=\r\nword=abcdef\r\nshort=ab\r\nlist=1,2,3\r\ntrailing=1,2,\r\n"
+               "double_sep=1,,2\r\nsigned_sep=1,-2\r\nbad=x\r\n"
+               "[styles]\r\nshort=3,7\r\nguidlessGUID=not a guid\r\n");
     handle_ = mini_open_ex(path_.c_str(), 0);
     ASSERT_NE(handle_, nullptr);
   }
@@ -110,12 +108,14 @@ TEST_F(MiniTest, ReadDoublesStoresWhatWasParsed) {
     int capacity, result;
     std::vector<double> stored;  // out afterwards, the rest untouched (99)
     int count_after;
-  } rows[] = {{"list", 5, 0, {1, 2, 3}, 3},     {"blanks", 5, 0, {1, 2, 3}, 3},
-              {"list", 2, 0, {1, 2}, 2},        {"trailing", 5, -1, {1, 2}, 5},
-              {"trailing", 2, 0, {1, 2}, 2},    {"double_sep", 5, -1, {1}, 5},
-              {"signed_sep", 5, 0, {1, -2}, 2}, {"empty", 5, -1, {}, 5},
-              {"missing", 5, -1, {}, 5},        {"bad", 5, -1, {}, 5},
-              {"real", 5, 0, {-2.25}, 1},       {"list", 0, -1, {}, 0}};
+  } rows[] = {{"list", 5, 0, {1, 2, 3}, 3},
+              {"list", 2, 0, {1, 2}, 2},
+              {"trailing", 5, -1, {1, 2}, 5},
+              {"double_sep", 5, -1, {1}, 5},
+              {"signed_sep", 5, 0, {1, -2}, 2},
+              {"empty", 5, -1, {}, 5},
+              {"bad", 5, -1, {}, 5},
+              {"list", 0, -1, {}, 0}};
   for (const auto& row : rows) {
     std::vector<double> out(5, 99.0), expected = row.stored;
     expected.resize(5, 99.0);

