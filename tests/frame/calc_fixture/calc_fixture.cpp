@@ -54,14 +54,24 @@ struct Calculator : IUnknown {
   }
 #define UNUSED_SLOT(n) \
   virtual HRESULT STDMETHODCALLTYPE unused##n() { return E_NOTIMPL; }
-  UNUSED_SLOT(3)
-  UNUSED_SLOT(4) UNUSED_SLOT(5) UNUSED_SLOT(6) UNUSED_SLOT(7) UNUSED_SLOT(8) UNUSED_SLOT(9)
-      UNUSED_SLOT(10) UNUSED_SLOT(11) UNUSED_SLOT(12) UNUSED_SLOT(13) UNUSED_SLOT(14)
-          UNUSED_SLOT(15) UNUSED_SLOT(16)
+  UNUSED_SLOT(3);
+  UNUSED_SLOT(4);
+  UNUSED_SLOT(5);
+  UNUSED_SLOT(6);
+  UNUSED_SLOT(7);
+  UNUSED_SLOT(8);
+  UNUSED_SLOT(9);
+  UNUSED_SLOT(10);
+  UNUSED_SLOT(11);
+  UNUSED_SLOT(12);
+  UNUSED_SLOT(13);
+  UNUSED_SLOT(14);
+  UNUSED_SLOT(15);
+  UNUSED_SLOT(16);
 #undef UNUSED_SLOT
 
-      // Slots 17 to 21.
-      virtual HRESULT STDMETHODCALLTYPE initialise(long argument) {
+  // Slots 17 to 21.
+  virtual HRESULT STDMETHODCALLTYPE initialise(long argument) {
     return record(kInitialise, argument, 0, 0);
   }
   virtual HRESULT STDMETHODCALLTYPE evaluate(BSTR expression, long a, long b) {
