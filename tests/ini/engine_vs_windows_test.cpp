@@ -20,7 +20,6 @@
 namespace qnutil::ini {
 namespace {
 
-using qnutil_test::read_file;
 using qnutil_test::ScratchDir;
 using qnutil_test::write_file;
 
@@ -119,39 +118,6 @@ TEST(EngineVsWindows, ValuesIntegersAndLists) {
               ask(kWindows, nullptr, nullptr, "", 512, path));
     const Answer cut = ask(kWindows, nullptr, nullptr, "", 12, path);
     EXPECT_EQ(ask(kEngine, nullptr, nullptr, "", 12, path).first, cut.first);
-  }
-}
-
-// Writes on files in the canonical form (CRLF, one key per line, no
-// comments or blank lines), where Wine's rewriting gives Windows' bytes.
-TEST(EngineVsWindows, WritesOnCanonicalFiles) {
-  ScratchDir dir;
-  Generator generate(7);
-  for (int round = 0; round < 60; ++round) {
-    std::string text;
-    for (const char* section : {"one", "Two"}) {
-      text += std::string("[") + section + "]\r\n";
-      for (int k = generate.number(3); k < 3; ++k) text += "key" + std::to_string(k) + "=v\r\n";
-    }
-    const std::string mine = dir.file("mine" + std::to_string(round) + ".ini");
-    const std::string theirs = dir.file("theirs" + std::to_string(round) + ".ini");
-    if (round % 5) {
-      write_file(mine, text);
-      write_file(theirs, text);
-    }
-    for (int step = 0; step < 4; ++step) {
-      const std::string section = generate.pick<std::string>({"one", "ONE", "Two", "three"});
-      const std::string key = "key" + std::to_string(generate.number(4));
-      const std::string value = generate.pick<std::string>({"", "new", "with space", "x=y"});
-      const int kind = generate.number(5);
-      const char* k = kind == 4 ? nullptr : key.c_str();
-      const char* v = kind == 3 ? nullptr : value.c_str();
-      const bool windows_ok = WritePrivateProfileStringA(section.c_str(), k, v, theirs.c_str());
-      EXPECT_EQ(profile_write_string(section.c_str(), k, v, mine.c_str()), windows_ok);
-      if (!read_file(theirs).empty()) {  // Wine creates no file when deleting in a missing one
-        EXPECT_EQ(read_file(mine), read_file(theirs)) << section << "/" << key << " kind " << kind;
-      }
-    }
   }
 }
 
