@@ -37,6 +37,18 @@ TEST(DrawBitmap, NearestModeScalesIntoTheClippedRectangle) {
                                       3, 3, 4, 4, 9, 9}));
 }
 
+// A negative source offset moves the drawing right by as much; a negative
+// destination offset moves the source's start instead.
+TEST(DrawBitmap, NegativeOffsetsShiftTheOtherSide) {
+  CQnBitmap dst, src;
+  set_words(src, 2, 1, {5, 6});
+  set_words(dst, 4, 1, Words(4, 9));
+  dst.SetInterpolationMode(0);
+  dst.DrawBitmap(2, 0, 1, 0, &src, -1, 0, 1, 0, 100);
+  dst.DrawBitmap(-1, 0, 1, 0, &src, 0, 0, 1, 0, 100);
+  EXPECT_EQ(words_of(dst), (Words{6, 9, 9, 5}));
+}
+
 // Opacity in percent (clamped to 0..100) blends channel by channel.
 TEST(DrawBitmap, OpacityBlendsWithTheDestination) {
   for (const int mode : {0, 1}) {
