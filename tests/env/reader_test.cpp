@@ -100,11 +100,14 @@ TEST(EnvRead, DeepNestingNeedsNoDeepStack) {
 TEST(EnvFiles, TextModeLineEnds) {
   qnutil_test::ScratchDir dir;
   const std::string file = dir.file("settings.env");
-  qnutil_test::write_file(file, "[S]\r\na =1\r\nlone =a\rb\r\n\x1a[T]\n");
-  Env env;
-  ASSERT_EQ(env_read_file(file.c_str(), env), ENV_OK);
-  EXPECT_EQ(get_text(env, "S", "lone"), "a\rb");
-  EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 1);
+  for (const std::string end : {"\x1a", "\xff"}) {  // Ctrl-Z, and 0xFF read as a signed char
+    qnutil_test::write_file(file, "[S]\r\na =1\r\nlone =a\rb\r\nlast =z" + end + "[T]\n");
+    Env env;
+    ASSERT_EQ(env_read_file(file.c_str(), env), ENV_OK);
+    EXPECT_EQ(get_text(env, "S", "lone"), "a\rb");
+    EXPECT_EQ(get_text(env, "S", "last"), "z");
+    EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), 1);
+  }
   Env small;
   ASSERT_EQ(env_put(small, "S", "a@b", "1"), ENV_OK);
   env_write_file(file.c_str(), small);

@@ -75,6 +75,11 @@ TEST(DrawBitmap, BilinearModeBlendsNeighbours) {
   EXPECT_EQ(picture_pixel(dst, 0, 0), 0u);
   EXPECT_EQ(picture_pixel(dst, 1, 0), 0x7F7F7Fu);
   EXPECT_EQ(picture_pixel(dst, 2, 0), 0xFFFFFFu);
+  // Stretched from the last source row, which has no row below to weigh in.
+  set_words(src, 1, 3, {0x303030, 0x202020, 0x101010});
+  dst.Create(1, 2);
+  dst.DrawBitmap(0, 0, 0, 1, &src, 0, 2, 0, 0, 100);
+  EXPECT_EQ(words_of(dst), (Words{0x303030, 0x303030}));
 }
 
 TEST(DrawBitmap, SmoothModeAveragesReductionsAndKeepsFlatColours) {

@@ -25,9 +25,5 @@ inline void set_words(CQnBitmap& image, int width, int height, const std::vector
 inline uint32_t picture_pixel(const CQnBitmap& image, int x, int y) {
   return image.PixelAt(x, image.Height() - 1 - y);
 }
-inline uint32_t& picture_word(CQnBitmap& image, int x, int y) {
-  return reinterpret_cast<uint32_t*>(image.Pixels() +
-                                     size_t(image.Height() - 1 - y) * image.Stride())[x];
-}
 
 }  // namespace raster_test
