@@ -65,9 +65,7 @@ TEST_P(JpgToXmlTest, ReportsTheLengthThenCopiesAllButTheLastCharacter) {
 INSTANTIATE_TEST_SUITE_P(
     Cases, JpgToXmlTest,
     ::testing::Values(FileCase{"Man", 4, "TWF"}, FileCase{"M", 4, "TQ="}, FileCase{"Ma", 4, "TWE"},
-                      FileCase{"", 0, ""}, FileCase{"Many", 8, "TWFueQ="},
-                      FileCase{std::string("\0\xFF\xFE\x01", 4), 8, "AP/+AQ="},
-                      FileCase{"foobar", 8, "Zm9vYmF"},
+                      FileCase{"", 0, ""}, FileCase{std::string("\0\xFF\xFE\x01", 4), 8, "AP/+AQ="},
                       FileCase{"any carnal pleasure.", 28, "YW55IGNhcm5hbCBwbGVhc3VyZS4"}));
 
 #ifndef _WIN32

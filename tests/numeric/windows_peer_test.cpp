@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <random>
 #include <string>
 
 #include "numeric/utf8_codec.h"
@@ -57,20 +56,6 @@ TEST(CodecPeer, Utf8DecodingMatchesLongerSequencesAtTheirBoundaries) {
           text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());
           expect_same_decoding(text);
         }
-}
-
-TEST(CodecPeer, Utf8DecodingMatchesRandomText) {
-  std::mt19937 random(7);
-  std::uniform_int_distribution<int> length(1, 16), byte(0x01, 0xFF), kind(0, 3);
-  for (int i = 0; i < 100000; ++i) {
-    std::string text;
-    // Biased towards continuation bytes so that valid sequences occur too.
-    for (int n = length(random); n > 0; --n) {
-      const int b = byte(random);
-      text.push_back(static_cast<char>(kind(random) == 0 ? (0x80 | (b & 0x3F)) : b));
-    }
-    expect_same_decoding(text);
-  }
 }
 
 TEST(CodecPeer, Utf16EncodingMatchesEveryUnitAndSurrogateCombination) {

@@ -126,7 +126,6 @@ INSTANTIATE_TEST_SUITE_P(
                       // Large enough for insertion to prefetch ahead.
                       Case{"Random80000", [] { return random_points(80000); }, 0},
                       Case{"Grid50", [] { return grid(50, 0.0); }, 49 * 49},
-                      Case{"RotatedGrid50", [] { return grid(50, 0.3); }, 49 * 49},
                       Case{"SteepRotatedGrid40", [] { return grid(40, 1.1); }, 39 * 39},
                       Case{"GridCoarseToFine", [] { return grid_coarse_to_fine(32); }, 32 * 32},
                       // Degenerate and large enough to prefetch ahead.

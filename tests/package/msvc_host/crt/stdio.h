@@ -13,7 +13,6 @@ size_t __cdecl fread(void* buffer, size_t size, size_t count, FILE* file);
 size_t __cdecl fwrite(const void* buffer, size_t size, size_t count, FILE* file);
 int __cdecl fclose(FILE* file);
 int __cdecl fflush(FILE* file);
-int __cdecl remove(const char* path);
 #ifdef __cplusplus
 }
 #endif

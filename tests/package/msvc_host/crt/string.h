@@ -7,7 +7,7 @@ extern "C" {
 #endif
 void* __cdecl memcpy(void* to, const void* from, size_t count);
 void* __cdecl memset(void* to, int value, size_t count);
-int __cdecl memcmp(const void* a, const void* b, size_t count);
+char* __cdecl strstr(const char* text, const char* part);
 int __cdecl strcmp(const char* a, const char* b);
 size_t __cdecl strlen(const char* text);
 #ifdef __cplusplus
