@@ -49,39 +49,30 @@ TEST(EnvHandles, FallbackChainAnswersWithItsEnvId) {
   env_close(sub, 0);
 }
 
-struct CheckCase {
-  const char* section;
-  const char* path;
-  int direct;
-  int kind;   // env_check
-  int count;  // env_count_elements
-};
-
-class EnvCheck : public ::testing::TestWithParam<CheckCase> {};
-
-TEST_P(EnvCheck, ReportsTheElementKindAndCount) {
+// Each row: section, path, direct, what env_check and env_count_elements say.
+TEST(EnvCheck, ReportsTheElementKindAndCount) {
   Env env;
   put_all(env, {{"S", "data", "1"}, {"S", "outer@inner@leaf", "2"}, {"Empty", nullptr, "ignored"}});
   ASSERT_EQ(env_put_external(env, "S", "ext", 9), ENV_OK);
   MessageCapture quiet;
-  const CheckCase& c = GetParam();
-  EXPECT_EQ(env_check(env, c.section, c.path, c.direct), c.kind);
-  EXPECT_EQ(env_count_elements(env, c.section, c.path, c.direct), c.count);
+  const struct {
+    const char *section, *path;
+    int direct, kind, count;
+  } rows[] = {{nullptr, nullptr, 1, ENV_BLOCK, 2},  // sections exist
+              {"S", nullptr, 1, ENV_BLOCK, 3},        {"Empty", nullptr, 1, ENV_BLOCK, 0},
+              {"Nope", nullptr, 1, ENV_NOT_FOUND, 0}, {"S", "data", 1, ENV_DATA, 0},
+              {"S", "ext", 1, ENV_EXTERNAL, 0},       {"S", "outer", 1, ENV_BLOCK, 1},
+              {"S", "leaf", 1, ENV_NOT_FOUND, 0},  // two levels down
+              {"S", "leaf", 0, ENV_DATA, 0},       // breadth first finds it
+              {"S", "inner", 0, ENV_BLOCK, 1},        {"S", "inner@leaf", 0, ENV_DATA, 0},
+              {"S", "data@2", 1, ENV_NOT_FOUND, 0},   {"S", "@@", 1, ENV_BAD_PATH, ENV_BAD_PATH},
+              {"S", "data@1@x", 1, ENV_NOT_FOUND, 0}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(&row - rows);
+    EXPECT_EQ(env_check(env, row.section, row.path, row.direct), row.kind);
+    EXPECT_EQ(env_count_elements(env, row.section, row.path, row.direct), row.count);
+  }
 }
-
-using K = CheckCase;
-INSTANTIATE_TEST_SUITE_P(
-    Cases, EnvCheck,
-    ::testing::Values(K{nullptr, nullptr, 1, ENV_BLOCK, 2},  // sections exist
-                      K{"S", nullptr, 1, ENV_BLOCK, 3}, K{"Empty", nullptr, 1, ENV_BLOCK, 0},
-                      K{"Nope", nullptr, 1, ENV_NOT_FOUND, 0}, K{"S", "data", 1, ENV_DATA, 0},
-                      K{"S", "ext", 1, ENV_EXTERNAL, 0}, K{"S", "outer", 1, ENV_BLOCK, 1},
-                      K{"S", "leaf", 1, ENV_NOT_FOUND, 0},  // two levels down
-                      K{"S", "leaf", 0, ENV_DATA, 0},       // breadth first finds it
-                      K{"S", "inner", 0, ENV_BLOCK, 1}, K{"S", "inner@leaf", 0, ENV_DATA, 0},
-                      K{"S", "data@2", 1, ENV_NOT_FOUND, 0},
-                      K{"S", "@@", 1, ENV_BAD_PATH, ENV_BAD_PATH},
-                      K{"S", "data@1@x", 1, ENV_NOT_FOUND, 0}));
 
 TEST(EnvHandles, InsertBefore) {
   Env env;

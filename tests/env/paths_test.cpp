@@ -9,17 +9,10 @@ using namespace env_test;
 
 namespace {
 
-struct LookupCase {
-  const char* path;
-  int direct;
-  const char* expected;  // the data text, or "<code>" for a failed get
-};
-
-class EnvLookup : public ::testing::TestWithParam<LookupCase> {};
-
-// Everything stored by puts, so that creation with occurrence numbers is
-// exercised by the same table.
-TEST_P(EnvLookup, FindsTheElement) {
+// Everything is stored by puts, so that creation with occurrence numbers is
+// exercised by the same table. Each row: path, direct, the data text or
+// "<code>" for a failed get.
+TEST(EnvLookup, FindsTheElement) {
   Env env;
   put_all(env, {{"S", "a", "1"},
                 {"S", "wall@height", "1"},
@@ -34,24 +27,30 @@ TEST_P(EnvLookup, FindsTheElement) {
                 {"S", "d@1@5", "five"},  // after a number, a name again
                 {"S", "t", "text"},
                 {"S", "t@b@2@c", "below data"}});
-  const LookupCase& c = GetParam();
-  EXPECT_EQ(get_text(env, "S", c.path, c.direct), c.expected);
+  const struct {
+    const char* path;
+    int direct;
+    const char* expected;
+  } rows[] = {{"wall@height", 1, "1"},
+              {"wall@1@height", 1, "1"},
+              {"wall@2@height", 1, "2"},
+              {"wall@2@layer", 1, "L"},
+              {"blk@a@2", 1, ""},  // the gap is filled with empty data
+              {"blk@a@3", 1, "third"},
+              {"whatever@0", 1, "1"},  // the first element
+              {"name", 0, "shallow"},  // breadth first: the shallowest list
+              {"name@2", 0, "shallow two"},
+              {"q@name", 0, "deep"},
+              {"name@3", 0, "<-4>"},
+              {"7", 1, "seven"},
+              {"d@1@5@1", 1, "five"},
+              {"d@5", 1, "<-4>"},  // "5" is a number here
+              {"t", 1, "<-1>"},    // creation below data turned it into a block
+              {"t@b@1", 1, ""},
+              {"t@b@2@c", 1, "below data"}};
+  for (const auto& row : rows)
+    EXPECT_EQ(get_text(env, "S", row.path, row.direct), row.expected) << row.path;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Paths, EnvLookup,
-    ::testing::Values(LookupCase{"wall@height", 1, "1"}, LookupCase{"wall@1@height", 1, "1"},
-                      LookupCase{"wall@2@height", 1, "2"}, LookupCase{"wall@2@layer", 1, "L"},
-                      LookupCase{"blk@a@2", 1, ""},  // the gap is filled with empty data
-                      LookupCase{"blk@a@3", 1, "third"},
-                      LookupCase{"whatever@0", 1, "1"},  // the first element
-                      LookupCase{"name", 0, "shallow"},  // breadth first: the shallowest list
-                      LookupCase{"name@2", 0, "shallow two"}, LookupCase{"q@name", 0, "deep"},
-                      LookupCase{"name@3", 0, "<-4>"}, LookupCase{"7", 1, "seven"},
-                      LookupCase{"d@1@5@1", 1, "five"},
-                      LookupCase{"d@5", 1, "<-4>"},  // "5" is a number here
-                      LookupCase{"t", 1, "<-1>"},    // creation below data turned it into a block
-                      LookupCase{"t@b@1", 1, ""}, LookupCase{"t@b@2@c", 1, "below data"}));
 
 TEST(EnvPaths, DelimiterIsProcessWideAndReturnsThePrevious) {
   struct Restore {

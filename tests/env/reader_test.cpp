@@ -5,76 +5,59 @@ using namespace env_test;
 
 namespace {
 
-struct ReadCase {
-  const char* name;
-  const char* text;
-  const char* section;
-  const char* path;
-  const char* expected;  // the data text, or "<code>" for a failed get
-};
-
-class EnvReadValue : public ::testing::TestWithParam<ReadCase> {};
-
-TEST_P(EnvReadValue, ReadsTheText) {
-  const ReadCase& c = GetParam();
-  Env env;
-  ASSERT_EQ(read_text(env, c.text), ENV_OK);
-  EXPECT_EQ(get_text(env, c.section, c.path), c.expected);
+// Each text read, with the data text it gives (or "<code>" for a failed get).
+TEST(EnvReadValue, ReadsTheText) {
+  const struct {
+    const char *name, *text, *section, *path, *expected;
+  } rows[] = {
+      {"EmptyValue", "[S]\na =\n", "S", "a", ""},
+      {"TrailingBlanksCut", "[S]\na = x  \t \n", "S", "a", "x"},
+      {"NameBlanksCut", "[S]\n   long name \t= v\n", "S", "long name", "v"},
+      {"SectionNameTrimmed", "[ \tS x\t ]\na =1\n", "S x", "a", "1"},
+      {"TextBeforeFirstSectionIgnored", "junk = 1\n}}\n[S]\na =1\n", "S", "a", "1"},
+      {"ValueKeepsSpecials", "[S]\na =1;2=[x]},{\n", "S", "a", "1;2=[x]},{"},
+      {"CommentLine", "[S]\n;a =1\nb =2\n", "S", "a", "<-4>"},
+      {"IndentedSemicolonIsAName", "[S]\n ;c =2\n", "S", ";c", "2"},
+      {"Continuation", "[S]\na =12\\\n34\n", "S", "a", "1234"},
+      {"BackslashKept", "[S]\na =12\\x\n", "S", "a", "12\\x"},
+      {"ContinuationInName", "[S]\nna\\\nme =1\n", "S", "name", "1"},
+      {"NameOverLines", "[S]\nname\nc =1\n", "S", "name\nc", "1"},
+      {"CarriageReturnKeptByCallback", "[S]\na =1\r\n", "S", "a", "1\r"},
+      {"BlockAfterBlank", "[S]\nb = {\nc =1\n}\n", "S", "b@c", "1"},
+      {"NestedBlocks", "[S]\na={b={c={d=deep\n}}}\n", "S", "a@b@c@d", "deep"},
+      {"ByteFFEndsTheInput", "[S]\na =1\xff\nb =2\n", "S", "a", "1"},
+      {"Duplicates", "[S]\na =1\na =2\n", "S", "a@2", "2"},
+      {"TrailingBlanksOnlyFromLastChunk",
+       "[S]\na =xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
+       "xxxxxxxxxxxxxxxxxxxxx  \n",
+       "S", "a",
+       "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
+       "xxxxxxxxxxxxxxxxxxxxx "}};
+  for (const auto& row : rows) {
+    Env env;
+    ASSERT_EQ(read_text(env, row.text), ENV_OK) << row.name;
+    EXPECT_EQ(get_text(env, row.section, row.path), row.expected) << row.name;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Format, EnvReadValue,
-    ::testing::Values(
-        ReadCase{"EmptyValue", "[S]\na =\n", "S", "a", ""},
-        ReadCase{"TrailingBlanksCut", "[S]\na = x  \t \n", "S", "a", "x"},
-        ReadCase{"NameBlanksCut", "[S]\n   long name \t= v\n", "S", "long name", "v"},
-        ReadCase{"SectionNameTrimmed", "[ \tS x\t ]\na =1\n", "S x", "a", "1"},
-        ReadCase{"TextBeforeFirstSectionIgnored", "junk = 1\n}}\n[S]\na =1\n", "S", "a", "1"},
-        ReadCase{"ValueKeepsSpecials", "[S]\na =1;2=[x]},{\n", "S", "a", "1;2=[x]},{"},
-        ReadCase{"CommentLine", "[S]\n;a =1\nb =2\n", "S", "a", "<-4>"},
-        ReadCase{"IndentedSemicolonIsAName", "[S]\n ;c =2\n", "S", ";c", "2"},
-        ReadCase{"Continuation", "[S]\na =12\\\n34\n", "S", "a", "1234"},
-        ReadCase{"BackslashKept", "[S]\na =12\\x\n", "S", "a", "12\\x"},
-        ReadCase{"ContinuationInName", "[S]\nna\\\nme =1\n", "S", "name", "1"},
-        ReadCase{"NameOverLines", "[S]\nname\nc =1\n", "S", "name\nc", "1"},
-        ReadCase{"CarriageReturnKeptByCallback", "[S]\na =1\r\n", "S", "a", "1\r"},
-        ReadCase{"BlockAfterBlank", "[S]\nb = {\nc =1\n}\n", "S", "b@c", "1"},
-        ReadCase{"NestedBlocks", "[S]\na={b={c={d=deep\n}}}\n", "S", "a@b@c@d", "deep"},
-        ReadCase{"ByteFFEndsTheInput", "[S]\na =1\xff\nb =2\n", "S", "a", "1"},
-        ReadCase{"Duplicates", "[S]\na =1\na =2\n", "S", "a@2", "2"},
-        ReadCase{
-            "TrailingBlanksOnlyFromLastChunk",
-            "[S]\na =xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
-            "xxxxxxxxxxxxxxxxxxxxx  \n",
-            "S", "a",
-            "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
-            "xxxxxxxxxxxxxxxxxxxxx "}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-struct ErrorCase {
-  const char* text;
-  const char* message;
-  int sections_kept;
-};
-
-class EnvReadError : public ::testing::TestWithParam<ErrorCase> {};
-
-TEST_P(EnvReadError, ReportsAndKeepsEarlierSections) {
-  const ErrorCase& c = GetParam();
-  Env env;
-  MessageCapture capture;
-  EXPECT_EQ(read_text(env, c.text), ENV_SYNTAX);
-  ASSERT_EQ(capture.boxes().size(), 1u);
-  EXPECT_EQ(capture.boxes()[0].text, c.message);
-  EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), c.sections_kept);
+// A syntax error is reported once; the sections before it stay.
+TEST(EnvReadError, ReportsAndKeepsEarlierSections) {
+  const struct {
+    const char *text, *message;
+    int sections_kept;
+  } rows[] = {{"[A]\na =1\n}\n", "Section waited", 1},
+              {"[A]\na =1\n[B]\nb ={\nc =1\n", "Cbracesymbol waited", 1},
+              {"[A]\n[B]\nname", "Equal sign waited", 1},
+              {"[A]\nx ={\n[B]\n", "Cbracesymbol waited", 0}};
+  for (const auto& row : rows) {
+    Env env;
+    MessageCapture capture;
+    EXPECT_EQ(read_text(env, row.text), ENV_SYNTAX);
+    ASSERT_EQ(capture.boxes().size(), 1u);
+    EXPECT_EQ(capture.boxes()[0].text, row.message);
+    EXPECT_EQ(env_count_elements(env, nullptr, nullptr, 1), row.sections_kept) << row.text;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Errors, EnvReadError,
-    ::testing::Values(ErrorCase{"[A]\na =1\n}\n", "Section waited", 1},
-                      ErrorCase{"[A]\na =1\n[B]\nb ={\nc =1\n", "Cbracesymbol waited", 1},
-                      ErrorCase{"[A]\n[B]\nname", "Equal sign waited", 1},
-                      ErrorCase{"[A]\nx ={\n[B]\n", "Cbracesymbol waited", 0}));
 
 TEST(EnvRead, DeepNestingNeedsNoDeepStack) {
   constexpr int kDepth = 100000;

@@ -8,44 +8,41 @@ using namespace env_test;
 
 namespace {
 
-struct ScanCase {
-  const char* text;
-  int long_result;  // env_get_long: 1 (the envId), -5 or -7
-  long long_value;
-  int double_result;
-  double double_value;
-};
-
-class EnvScanner : public ::testing::TestWithParam<ScanCase> {};
-
-TEST_P(EnvScanner, ParsesExactlyOneNumber) {
-  const ScanCase& c = GetParam();
-  Env env;
-  ASSERT_EQ(env_put(env, "S", "v", c.text), ENV_OK);
-  long l = -99;
-  EXPECT_EQ(env_get_long(env, "S", "v", 1, &l), c.long_result);
-  if (c.long_result == 1) {
-    EXPECT_EQ(l, c.long_value);
-  }
-  double d = -99;
-  EXPECT_EQ(env_get_double(env, "S", "v", 1, &d), c.double_result);
-  if (c.double_result == 1) {
-    EXPECT_EQ(d, c.double_value);
+// Each text with what env_get_long and env_get_double make of it: the
+// result (1, the envId; -5 or -7) and, on success, the value.
+TEST(EnvScanner, ParsesExactlyOneNumber) {
+  const struct {
+    const char* text;
+    int long_result;
+    long long_value;
+    int double_result;
+    double double_value;
+  } rows[] = {{"12", 1, 12, 1, 12.0},      {" \t+12 \t", 1, 12, 1, 12.0},
+              {"-3\n", 1, -3, 1, -3.0},    {"7\r", 1, 7, 1, 7.0},
+              {"7\n\n", -5, 0, -5, 0},     {"1,2", -7, 0, -7, 0},
+              {"abc", -5, 0, -5, 0},       {"", -5, 0, -5, 0},
+              {"1.5", -5, 0, 1, 1.5},      {"2.5E2", -5, 0, 1, 250.0},
+              {"2.5e-1", -5, 0, 1, 0.25},  {"1.5D3", -5, 0, 1, 1500.0},
+              {"-1d+2", -5, 0, 1, -100.0}, {"5.", -5, 0, 1, 5.0},
+              {".5", -5, 0, -5, 0},        {"1e", -5, 0, -5, 0},
+              {"1 2", -5, 0, -5, 0},       {"1,", -5, 0, -5, 0},
+              {"--1", -5, 0, -5, 0},       {"0x10", -5, 0, -5, 0}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    Env env;
+    ASSERT_EQ(env_put(env, "S", "v", row.text), ENV_OK);
+    long l = -99;
+    EXPECT_EQ(env_get_long(env, "S", "v", 1, &l), row.long_result);
+    if (row.long_result == 1) {
+      EXPECT_EQ(l, row.long_value);
+    }
+    double d = -99;
+    EXPECT_EQ(env_get_double(env, "S", "v", 1, &d), row.double_result);
+    if (row.double_result == 1) {
+      EXPECT_EQ(d, row.double_value);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Texts, EnvScanner,
-    ::testing::Values(ScanCase{"12", 1, 12, 1, 12.0}, ScanCase{" \t+12 \t", 1, 12, 1, 12.0},
-                      ScanCase{"-3\n", 1, -3, 1, -3.0}, ScanCase{"7\r", 1, 7, 1, 7.0},
-                      ScanCase{"7\n\n", -5, 0, -5, 0}, ScanCase{"1,2", -7, 0, -7, 0},
-                      ScanCase{"abc", -5, 0, -5, 0}, ScanCase{"", -5, 0, -5, 0},
-                      ScanCase{"1.5", -5, 0, 1, 1.5}, ScanCase{"2.5E2", -5, 0, 1, 250.0},
-                      ScanCase{"2.5e-1", -5, 0, 1, 0.25}, ScanCase{"1.5D3", -5, 0, 1, 1500.0},
-                      ScanCase{"-1d+2", -5, 0, 1, -100.0}, ScanCase{"5.", -5, 0, 1, 5.0},
-                      ScanCase{".5", -5, 0, -5, 0}, ScanCase{"1e", -5, 0, -5, 0},
-                      ScanCase{"1 2", -5, 0, -5, 0}, ScanCase{"1,", -5, 0, -5, 0},
-                      ScanCase{"--1", -5, 0, -5, 0}, ScanCase{"0x10", -5, 0, -5, 0}));
 
 // Lists join with commas; a failed get reports a count of 0.
 TEST(EnvValues, ListsRoundTripWithinCapacity) {

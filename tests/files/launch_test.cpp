@@ -34,26 +34,24 @@ int launch_sleeper(const Launcher& launcher, const std::string& arguments) {
   return launcher.launch(sleeper.c_str(), arguments.c_str());
 }
 
-class LauncherTest : public testing::TestWithParam<Launcher> {};
+const Launcher kLaunchers[] = {
+    {"Quoted", QnUtil_ExecuteProgram, 0, "with space.txt", "", ""},
+    {"CommandLine", QnUtil_ExecuteProgramEX, 1, "args.txt", " alpha  beta", "alpha\nbeta\n"}};
 
 // The quoted launcher passes program and argument as one each (a space in
 // the name stays); the command-line launcher passes its arguments unquoted.
-TEST_P(LauncherTest, WaitsForTheProgramAndReturnsOne) {
-  ScratchDir dir;
-  const std::string out = dir.file(GetParam().output_name);
-  const auto start = Clock::now();
-  EXPECT_EQ(launch_sleeper(GetParam(), out + GetParam().more_arguments), 1);
-  EXPECT_GE(Clock::now() - start, kSleeperDelay);
-  // Written only after the delay: present means the launcher waited.
-  EXPECT_EQ(qnutil_test::read_file(out), out + "\n" + GetParam().more_output);
+TEST(Launcher, WaitsForTheProgramAndReturnsOne) {
+  for (const Launcher& launcher : kLaunchers) {
+    SCOPED_TRACE(launcher.name);
+    ScratchDir dir;
+    const std::string out = dir.file(launcher.output_name);
+    const auto start = Clock::now();
+    EXPECT_EQ(launch_sleeper(launcher, out + launcher.more_arguments), 1);
+    EXPECT_GE(Clock::now() - start, kSleeperDelay);
+    // Written only after the delay: present means the launcher waited.
+    EXPECT_EQ(qnutil_test::read_file(out), out + "\n" + launcher.more_output);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Both, LauncherTest,
-                         testing::Values(Launcher{"Quoted", QnUtil_ExecuteProgram, 0,
-                                                  "with space.txt", "", ""},
-                                         Launcher{"CommandLine", QnUtil_ExecuteProgramEX, 1,
-                                                  "args.txt", " alpha  beta", "alpha\nbeta\n"}),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 #ifdef _WIN32
 
@@ -67,7 +65,7 @@ LRESULT CALLBACK count_dispatches(HWND window, UINT message, WPARAM w, LPARAM l)
 // The quoted launcher keeps the caller's windows frozen: waiting input
 // leaves the queue undispatched. The command-line launcher dispatches it.
 // Either way the queue is empty afterwards.
-TEST_P(LauncherTest, EmptiesTheQueueDispatchingAsDesigned) {
+TEST(Launcher, EmptiesTheQueueDispatchingAsDesigned) {
   WNDCLASSA window_class{};
   window_class.lpfnWndProc = count_dispatches;
   window_class.lpszClassName = "QnUtilLaunchTestWindow";
@@ -75,13 +73,15 @@ TEST_P(LauncherTest, EmptiesTheQueueDispatchingAsDesigned) {
   const HWND window = CreateWindowExA(0, window_class.lpszClassName, "", 0, 0, 0, 0, 0,
                                       HWND_MESSAGE, nullptr, nullptr, nullptr);
   ASSERT_NE(window, nullptr);
-  g_dispatched = 0;
-  ScratchDir dir;
-  PostMessageA(window, WM_APP, 0, 0);
-  EXPECT_EQ(launch_sleeper(GetParam(), dir.file("out.txt")), 1);
-  EXPECT_EQ(g_dispatched, GetParam().dispatches);
-  MSG message;
-  EXPECT_FALSE(PeekMessageA(&message, window, WM_APP, WM_APP, PM_NOREMOVE));
+  for (const Launcher& launcher : kLaunchers) {
+    g_dispatched = 0;
+    ScratchDir dir;
+    PostMessageA(window, WM_APP, 0, 0);
+    EXPECT_EQ(launch_sleeper(launcher, dir.file("out.txt")), 1);
+    EXPECT_EQ(g_dispatched, launcher.dispatches) << launcher.name;
+    MSG message;
+    EXPECT_FALSE(PeekMessageA(&message, window, WM_APP, WM_APP, PM_NOREMOVE));
+  }
   DestroyWindow(window);
 }
 

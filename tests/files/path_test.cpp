@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "qnutil/qnutil.h"
 
@@ -46,47 +48,44 @@ std::string makepath(const char* base, const char* sub, const char* file) {
   return out;
 }
 
-struct ComposeCase {
-  const char* base;
-  const char* sub;
-  const char* file;
-  const char* expected;
-};
-
-class MakepathTest : public ::testing::TestWithParam<ComposeCase> {};
-
-TEST_P(MakepathTest, ComposesPieces) {
-  const ComposeCase& c = GetParam();
-  std::string base, sub, file;
-  EXPECT_EQ(makepath(native(c.base, base), native(c.sub, sub), native(c.file, file)),
-            expected_path(c.expected));
+// Each row: base, sub-folder, file name, the composed path.
+TEST(Makepath, ComposesPieces) {
+  using Row = std::array<const char*, 4>;
+  std::vector<Row> rows = {{"/Base", "Sub", "f.TXT", "/Base/Sub/f.TXT"},
+                           {nullptr, nullptr, nullptr, ""},
+                           {"", "", "", ""},
+                           {nullptr, "sub/", "f.txt", "sub/f.txt"},
+                           {nullptr, "sub", "/f.txt", "sub/f.txt"},
+                           {"base", nullptr, "f", "base/f"},
+                           {nullptr, "Sub", nullptr, "Sub"},
+                           {"b", "s", nullptr, "b/s"},
+                           {"b/", "/s/", "f", "b/s/f"},
+                           {"a", "b", "c/d/e.f", "a/b/c/d/e.f"},
+                           {"/", nullptr, "f", "/f"},
+                           {"a", "", "f", "a/f"}};
+#ifdef _WIN32
+  // A drive ends the climb.
+  rows.insert(rows.end(), {{"C:\\base", "sub", "f.TXT", "c:\\base\\sub\\f.txt"},
+                           {"C:\\base", "sub", "D:\\x\\f.txt", "d:\\x\\f.txt"},
+                           {"C:\\b", "E:\\s", "f", "e:\\s\\f"},
+                           {"C:\\b", "s", "D:f", "d:f"},
+                           {"C:", "s", "f", "c:s\\f"}});
+#else
+  // No drive letters.
+  rows.insert(rows.end(), {{"C:/base", "Sub", "D:/f.TXT", "C:/base/Sub/D:/f.TXT"},
+                           {nullptr, "a\\", "f", "a\\/f"}});
+#endif
+  for (const auto& [base, sub, file, expected] : rows) {
+    std::string base_text, sub_text, file_text;
+    EXPECT_EQ(makepath(native(base, base_text), native(sub, sub_text), native(file, file_text)),
+              expected_path(expected))
+        << expected;
+  }
 }
 
-using C = ComposeCase;
-INSTANTIATE_TEST_SUITE_P(
-    RelativePieces, MakepathTest,
-    ::testing::Values(C{"/Base", "Sub", "f.TXT", "/Base/Sub/f.TXT"},
-                      C{nullptr, nullptr, nullptr, ""}, C{"", "", "", ""},
-                      C{nullptr, "sub/", "f.txt", "sub/f.txt"},
-                      C{nullptr, "sub", "/f.txt", "sub/f.txt"}, C{"base", nullptr, "f", "base/f"},
-                      C{nullptr, "Sub", nullptr, "Sub"}, C{"b", "s", nullptr, "b/s"},
-                      C{"b/", "/s/", "f", "b/s/f"}, C{"a", "b", "c/d/e.f", "a/b/c/d/e.f"},
-                      C{"/", nullptr, "f", "/f"}, C{"a", "", "f", "a/f"}));
-
 #ifdef _WIN32
-INSTANTIATE_TEST_SUITE_P(DriveEndsTheClimb, MakepathTest,
-                         ::testing::Values(C{"C:\\base", "sub", "f.TXT", "c:\\base\\sub\\f.txt"},
-                                           C{"C:\\base", "sub", "D:\\x\\f.txt", "d:\\x\\f.txt"},
-                                           C{"C:\\b", "E:\\s", "f", "e:\\s\\f"},
-                                           C{"C:\\b", "s", "D:f", "d:f"},
-                                           C{"C:", "s", "f", "c:s\\f"}));
-
 // Only a backslash counts as the separator at a joint.
 TEST(Makepath, SlashIsNoBackslashAtTheJoint) { EXPECT_EQ(makepath(nullptr, "a/", "\\f"), "a/\\f"); }
-#else
-INSTANTIATE_TEST_SUITE_P(NoDriveLetters, MakepathTest,
-                         ::testing::Values(C{"C:/base", "Sub", "D:/f.TXT", "C:/base/Sub/D:/f.TXT"},
-                                           C{nullptr, "a\\", "f", "a\\/f"}));
 #endif
 
 TEST(Makepath, NullOutputWritesNothingAndOverlongResultIsCut) {

@@ -104,61 +104,56 @@ TEST_F(CalculatorConnected, InitAndExpressionPassTheirArguments) {
   EXPECT_TRUE(state().text_was_null);
 }
 
-// One scripted answer of the component, seen through each of the calls
-// that return something: texts and values are copied only on success.
-struct AnswerCase {
-  HRESULT result;
-  long status;
-  const wchar_t* text;
-  const char* error_text;   // what calc_error leaves in its buffer
-  int conversion_result;    // of both conversions
-  double number;            // what ConvStringToDouble leaves
-  const char* number_text;  // what ConvDoubleToString leaves
-};
+// One scripted answer of the component per row, seen through each of the
+// calls that return something: texts and values are copied only on success.
+// Without a string the error text stays and the number text becomes empty;
+// with another status the error text still comes and the conversions keep.
+TEST_F(CalculatorConnected, AnswersComeBackAndArgumentsGoOut) {
+  const struct {
+    HRESULT result;
+    long status;
+    const wchar_t* text;
+    const char* error_text;   // what calc_error leaves in its buffer
+    int conversion_result;    // of both conversions
+    double number;            // what ConvStringToDouble leaves
+    const char* number_text;  // what ConvDoubleToString leaves
+  } answers[] = {{S_OK, 4096, L"-0,13 m", "-0,13 m", 4096, 1234.5, "-0,13 m"},
+                 {S_OK, 4096, L"Klammer fehlt \x00FC", "Klammer fehlt \xFC", 4096, 1234.5,
+                  "Klammer fehlt \xFC"},
+                 {S_OK, 4096, nullptr, "untouched", 4096, 1234.5, ""},
+                 {S_OK, 4097, L"x", "x", 4097, -1.0, "untouched"},
+                 {E_FAIL, 4096, L"x", "untouched", 4102, -1.0, "untouched"}};
+  for (const auto& c : answers) {
+    SCOPED_TRACE(&c - answers);
+    state() = CalcFixtureState{};
+    state().result = c.result;
+    state().status = c.status;
+    state().answer_text = c.text;
+    state().number = 1234.5;
+    char text[64] = "untouched";
+    calc_error(11, 22, 33, text);
+    EXPECT_EQ(state().calls[kErrorText], 1);
+    EXPECT_EQ(arguments(), (std::vector<long>{11, 22, 33}));
+    EXPECT_STREQ(text, c.error_text);
 
-class CalculatorAnswer : public CalculatorConnected,
-                         public testing::WithParamInterface<AnswerCase> {};
+    double value = -1.0;
+    EXPECT_EQ(ConvStringToDouble("1.234,5", 3, &value), c.conversion_result);
+    EXPECT_EQ(value, c.number);
+    EXPECT_EQ(std::wstring(state().text), L"1.234,5");
+    EXPECT_EQ(arguments(), (std::vector<long>{3, 0, 0}));
 
-TEST_P(CalculatorAnswer, ArgumentsGoOutAndResultsComeBack) {
-  const AnswerCase& c = GetParam();
-  state().result = c.result;
-  state().status = c.status;
-  state().answer_text = c.text;
-  state().number = 1234.5;
-  char text[64] = "untouched";
-  calc_error(11, 22, 33, text);
-  EXPECT_EQ(state().calls[kErrorText], 1);
-  EXPECT_EQ(arguments(), (std::vector<long>{11, 22, 33}));
-  EXPECT_STREQ(text, c.error_text);
+    std::strcpy(text, "untouched");
+    EXPECT_EQ(ConvDoubleToString(-0.125, 2, 0, 1, text), c.conversion_result);
+    EXPECT_STREQ(text, c.number_text);
+    EXPECT_EQ(state().value, -0.125);
+    EXPECT_EQ(arguments(), (std::vector<long>{2, 0, 1}));
 
-  double value = -1.0;
-  EXPECT_EQ(ConvStringToDouble("1.234,5", 3, &value), c.conversion_result);
-  EXPECT_EQ(value, c.number);
-  EXPECT_EQ(std::wstring(state().text), L"1.234,5");
-  EXPECT_EQ(arguments(), (std::vector<long>{3, 0, 0}));
-
-  std::strcpy(text, "untouched");
-  EXPECT_EQ(ConvDoubleToString(-0.125, 2, 0, 1, text), c.conversion_result);
-  EXPECT_STREQ(text, c.number_text);
-  EXPECT_EQ(state().value, -0.125);
-  EXPECT_EQ(arguments(), (std::vector<long>{2, 0, 1}));
-
-  // Null outputs are skipped.
-  calc_error(0, 0, 0, nullptr);
-  EXPECT_EQ(ConvStringToDouble("1", 0, nullptr), c.conversion_result);
-  EXPECT_EQ(ConvDoubleToString(1.0, 0, 0, 0, nullptr), c.conversion_result);
+    // Null outputs are skipped.
+    calc_error(0, 0, 0, nullptr);
+    EXPECT_EQ(ConvStringToDouble("1", 0, nullptr), c.conversion_result);
+    EXPECT_EQ(ConvDoubleToString(1.0, 0, 0, 0, nullptr), c.conversion_result);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Answers, CalculatorAnswer,
-    testing::Values(AnswerCase{S_OK, 4096, L"-0,13 m", "-0,13 m", 4096, 1234.5, "-0,13 m"},
-                    AnswerCase{S_OK, 4096, L"Klammer fehlt \x00FC", "Klammer fehlt \xFC", 4096,
-                               1234.5, "Klammer fehlt \xFC"},
-                    // No string: the error text stays, the number text becomes empty.
-                    AnswerCase{S_OK, 4096, nullptr, "untouched", 4096, 1234.5, ""},
-                    // Another status: the error text still comes, the conversions keep.
-                    AnswerCase{S_OK, 4097, L"x", "x", 4097, -1.0, "untouched"},
-                    AnswerCase{E_FAIL, 4096, L"x", "untouched", 4102, -1.0, "untouched"}));
 
 #endif
 

@@ -11,40 +11,32 @@ namespace {
 using qnutil_test::LoadedFilter;
 using qnutil_test::plugin_path;
 
-// A module and the name it is accepted with (null: rejected).
-using Discovery = std::pair<const char*, const char*>;
-
-class PluginDiscovery : public ::testing::TestWithParam<Discovery> {};
-
-TEST_P(PluginDiscovery, AcceptsOnlyUsableFilterLists) {
-  const auto [module, expectedName] = GetParam();
-  char* category = reinterpret_cast<char*>(1);
-  char* name = reinterpret_cast<char*>(1);
-  PSFilter_* filter = reinterpret_cast<PSFilter_*>(1);
-  int32_t error = 77;
-  ASSERT_EQ(AVGetPSFilterAndInfo(plugin_path(module).c_str(), &category, &name, &filter, &error),
-            expectedName != nullptr);
-  EXPECT_EQ(error, expectedName ? 0 : -1);
-  EXPECT_EQ(filter != nullptr, expectedName != nullptr);
-  EXPECT_STREQ(category, expectedName ? "QnUtil Tests" : nullptr);
-  EXPECT_STREQ(name, expectedName);
-  EXPECT_TRUE(AVFreeGotPSFilterInfo(&category, &name));
-  EXPECT_EQ(category, nullptr);
-  EXPECT_TRUE(AVFreeGotPSFilter(&filter));
-  EXPECT_EQ(filter, nullptr);
+// Each module with the name it is accepted with (null: rejected). A list
+// abandoned late leaves its texts to the next one (texts_carried).
+TEST(PluginDiscovery, AcceptsOnlyUsableFilterLists) {
+  const std::pair<const char*, const char*> modules[] = {
+      {"invert", "Invert"},         {"version_3_1", "Accept"},       {"two_lists", "Second"},
+      {"texts_carried", "Carried"}, {"long_entry", "Long Name"},     {"kind_other", nullptr},
+      {"version_4_1", nullptr},     {"no_category", nullptr},        {"no_name", nullptr},
+      {"missing_entry", nullptr},   {"other_architecture", nullptr}, {"does_not_exist", nullptr}};
+  for (const auto& [module, expectedName] : modules) {
+    SCOPED_TRACE(module);
+    char* category = reinterpret_cast<char*>(1);
+    char* name = reinterpret_cast<char*>(1);
+    PSFilter_* filter = reinterpret_cast<PSFilter_*>(1);
+    int32_t error = 77;
+    ASSERT_EQ(AVGetPSFilterAndInfo(plugin_path(module).c_str(), &category, &name, &filter, &error),
+              expectedName != nullptr);
+    EXPECT_EQ(error, expectedName ? 0 : -1);
+    EXPECT_EQ(filter != nullptr, expectedName != nullptr);
+    EXPECT_STREQ(category, expectedName ? "QnUtil Tests" : nullptr);
+    EXPECT_STREQ(name, expectedName);
+    EXPECT_TRUE(AVFreeGotPSFilterInfo(&category, &name));
+    EXPECT_EQ(category, nullptr);
+    EXPECT_TRUE(AVFreeGotPSFilter(&filter));
+    EXPECT_EQ(filter, nullptr);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Modules, PluginDiscovery,
-    ::testing::Values(Discovery{"invert", "Invert"}, Discovery{"version_3_1", "Accept"},
-                      Discovery{"two_lists", "Second"},
-                      // A list abandoned late leaves its texts to the next one.
-                      Discovery{"texts_carried", "Carried"}, Discovery{"long_entry", "Long Name"},
-                      Discovery{"kind_other", nullptr}, Discovery{"version_4_1", nullptr},
-                      Discovery{"no_category", nullptr}, Discovery{"no_name", nullptr},
-                      Discovery{"missing_entry", nullptr}, Discovery{"other_architecture", nullptr},
-                      Discovery{"does_not_exist", nullptr}),
-    [](const ::testing::TestParamInfo<Discovery>& info) { return std::string(info.param.first); });
 
 TEST(PluginDiscovery, UnusableArgumentsAndOptionalOutputs) {
   PSFilter_* filter = nullptr;

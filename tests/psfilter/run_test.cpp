@@ -31,48 +31,44 @@ struct InvertCase {
 // The selector trace of a successful run over n tiles: finish is not called.
 std::string tiles(int n) { return "123" + std::string(n, '4'); }
 
-class InvertRun : public ::testing::TestWithParam<InvertCase> {};
-
-TEST_P(InvertRun, StatusTraceAndEveryTileWrittenBackInsideTheImage) {
-  const InvertCase c = GetParam();
-  const ScopedEnvironmentVariable settings[] = {
-      {"QNUTIL_PLUGIN_TILE_W", std::to_string(c.tileWidth).c_str()},
-      {"QNUTIL_PLUGIN_TILE_H", std::to_string(c.tileHeight).c_str()},
-      {"QNUTIL_PLUGIN_LO", std::to_string(c.lo).c_str()},
-      {"QNUTIL_PLUGIN_HI", std::to_string(c.hi).c_str()},
-      {"QNUTIL_PLUGIN_FAIL", c.fail},
-      {"QNUTIL_PLUGIN_NO_TILES", c.noTiles ? "1" : "0"}};
-  LoadedFilter filter("invert");
-  ASSERT_NE(filter.get(), nullptr);
-  const Image source = pattern_image(c.width, c.height);
-  const RunOutcome outcome = run(filter.get(), source);
-  EXPECT_EQ(outcome.ok, c.ok);
-  EXPECT_EQ(outcome.status, c.status);  // -20xx: a record field the host set wrongly
-  EXPECT_EQ(outcome.trace, c.trace);
-  EXPECT_EQ(first_difference(outcome.image,
-                             with_planes_changed(source, c.lo, c.hi, inverted, c.invertedRows)),
-            "");
+// Tiles: the last column and row reaching past the edge, fitting exactly,
+// one tile larger than the image; green, blue and transparency; transparency
+// only. Then two tiles (top and bottom half of a 6 x 8 image) with a failing
+// step: a positive prepare result still runs, start's result is the status,
+// a failing continue is followed by finish and is not the run's status, and
+// without a tile the run ends after start.
+TEST(InvertRun, StatusTraceAndEveryTileWrittenBackInsideTheImage) {
+  const InvertCase cases[] = {{20, 13, 7, 5, 0, 2, "", tiles(9)},
+                              {16, 8, 4, 4, 0, 2, "", tiles(8)},
+                              {20, 13, 256, 256, 0, 2, "", tiles(1)},
+                              {9, 6, 4, 4, 1, 3, "", tiles(6)},
+                              {9, 6, 5, 2, 3, 3, "", tiles(6)},
+                              {6, 8, 256, 4, 0, 2, "1:-5", "1", false, -5, 0},
+                              {6, 8, 256, 4, 0, 2, "2:3", tiles(2)},
+                              {6, 8, 256, 4, 0, 2, "3:7", "123", true, 7, 0},
+                              {6, 8, 256, 4, 0, 2, "4:-9", "12345", true, 0, 4},
+                              {6, 8, 256, 4, 0, 2, "", "123", true, 0, 0, true}};
+  for (const InvertCase& c : cases) {
+    SCOPED_TRACE(c.trace + " " + c.fail);
+    const ScopedEnvironmentVariable settings[] = {
+        {"QNUTIL_PLUGIN_TILE_W", std::to_string(c.tileWidth).c_str()},
+        {"QNUTIL_PLUGIN_TILE_H", std::to_string(c.tileHeight).c_str()},
+        {"QNUTIL_PLUGIN_LO", std::to_string(c.lo).c_str()},
+        {"QNUTIL_PLUGIN_HI", std::to_string(c.hi).c_str()},
+        {"QNUTIL_PLUGIN_FAIL", c.fail},
+        {"QNUTIL_PLUGIN_NO_TILES", c.noTiles ? "1" : "0"}};
+    LoadedFilter filter("invert");
+    ASSERT_NE(filter.get(), nullptr);
+    const Image source = pattern_image(c.width, c.height);
+    const RunOutcome outcome = run(filter.get(), source);
+    EXPECT_EQ(outcome.ok, c.ok);
+    EXPECT_EQ(outcome.status, c.status);  // -20xx: a record field the host set wrongly
+    EXPECT_EQ(outcome.trace, c.trace);
+    EXPECT_EQ(first_difference(outcome.image,
+                               with_planes_changed(source, c.lo, c.hi, inverted, c.invertedRows)),
+              "");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Tiles, InvertRun,
-    ::testing::Values(
-        InvertCase{20, 13, 7, 5, 0, 2, "", tiles(9)},  // last column and row reach past the edge
-        InvertCase{16, 8, 4, 4, 0, 2, "", tiles(8)},   // tiles fit exactly
-        InvertCase{20, 13, 256, 256, 0, 2, "", tiles(1)},  // one tile larger than the image
-        InvertCase{9, 6, 4, 4, 1, 3, "", tiles(6)},        // green, blue and transparency
-        InvertCase{9, 6, 5, 2, 3, 3, "", tiles(6)}));      // transparency only
-
-// Two tiles, the top and the bottom half of a 6 x 8 image, with a failing step.
-INSTANTIATE_TEST_SUITE_P(
-    FailingSteps, InvertRun,
-    ::testing::Values(
-        InvertCase{6, 8, 256, 4, 0, 2, "1:-5", "1", false, -5, 0},
-        InvertCase{6, 8, 256, 4, 0, 2, "2:3", tiles(2)},  // a positive prepare result still runs
-        InvertCase{6, 8, 256, 4, 0, 2, "3:7", "123", true, 7, 0},  // start's result is the status
-        // A failing continue is followed by finish, and is not the run's status.
-        InvertCase{6, 8, 256, 4, 0, 2, "4:-9", "12345", true, 0, 4},
-        InvertCase{6, 8, 256, 4, 0, 2, "", "123", true, 0, 0, true}));  // no tile: ends after start
 
 // Progress reports seen by the host's caller; each test starts a new log.
 struct ProgressLog {

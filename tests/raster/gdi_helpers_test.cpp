@@ -46,15 +46,6 @@ void expect_region_matches(HRGN region, int width, int height, const Pixels& pix
   EXPECT_LE(outside_box.bottom, height);
 }
 
-struct RegionCase {
-  const char* name;
-  int width;
-  int height;
-  std::uint32_t (*pixel)(int x, int y);
-  std::optional<std::vector<RECT>> expected = std::nullopt;  // as the system stores the region
-  bool device = false;  // a device bitmap instead of a DIB section
-};
-
 // 20 runs in each of 100 rows: one flush during the scan, then an empty
 // final batch merged in. Runs that repeat in every row merge into one
 // rectangle per column run.
@@ -64,52 +55,51 @@ std::vector<RECT> columns_of_two_thousand() {
   return columns;
 }
 
-class RegionFromBitmap : public testing::TestWithParam<RegionCase> {};
-
-TEST_P(RegionFromBitmap, CoversExactlyTheNonKeyPixels) {
-  const RegionCase& c = GetParam();
-  Pixels pixels;
-  for (int y = 0; y < c.height; ++y)
-    for (int x = 0; x < c.width; ++x) pixels.push_back(c.pixel(x, y));
-  DibCanvas canvas(c.width, c.height);
-  canvas.set_all(pixels);
-  const HBITMAP bitmap =
-      c.device ? qnutil_test::device_bitmap(c.width, c.height, pixels) : canvas.release_bitmap();
-  const HRGN region = QnUtil_CreateRegionFromBitmap(bitmap, kKey);
-  if (c.device) DeleteObject(bitmap);
-  ASSERT_NE(region, nullptr);
-  expect_region_matches(region, c.width, c.height, pixels, kKey);
-  if (c.expected) {
-    const auto rects = rectangles_of(region);
-    ASSERT_EQ(rects.size(), c.expected->size());
-    for (size_t i = 0; i < rects.size(); ++i)
-      EXPECT_TRUE(EqualRect(&rects[i], &(*c.expected)[i]))
-          << i << ": " << rects[i].left << "," << rects[i].top << "," << rects[i].right << ","
-          << rects[i].bottom;
+TEST(RegionFromBitmap, CoversExactlyTheNonKeyPixels) {
+  const struct {
+    const char* name;
+    int width;
+    int height;
+    std::uint32_t (*pixel)(int x, int y);
+    std::optional<std::vector<RECT>> expected = std::nullopt;  // as the system stores the region
+    bool device = false;  // a device bitmap instead of a DIB section
+  } rows[] = {
+      {"Diagonal", 7, 5, [](int x, int y) { return x == y ? kKey : 0x123456u; }},
+      {"FourthByteIgnored", 4, 3,
+       [](int x, int) { return x == 2 ? (kKey | 0xFF000000u) : 0x01000000u; }},
+      // 50 runs in each of 100 rows: two batches of 2000 and a rest.
+      {"ManyBatches", 100, 100, [](int x, int y) { return (x + y) % 2 ? kKey : 0x00000001u; }},
+      {"NoKeyGivesTheWholeBitmap", 4, 3, [](int, int) { return 0x00FF00FEu; },
+       std::vector<RECT>{RECT{0, 0, 4, 3}}},
+      {"AllKeyGivesAnEmptyRegion", 3, 2, [](int, int) { return kKey; }, std::vector<RECT>{}},
+      {"ExactlyTwoThousandRectangles", 40, 100,
+       [](int x, int) { return x % 2 ? kKey : 0x00000002u; }, columns_of_two_thousand()},
+      {"DeviceBitmap", 3, 2, [](int x, int y) { return x == 1 && y == 0 ? kKey : 0x404040u; },
+       std::nullopt, true}};
+  for (const auto& c : rows) {
+    SCOPED_TRACE(c.name);
+    Pixels pixels;
+    for (int y = 0; y < c.height; ++y)
+      for (int x = 0; x < c.width; ++x) pixels.push_back(c.pixel(x, y));
+    DibCanvas canvas(c.width, c.height);
+    canvas.set_all(pixels);
+    const HBITMAP bitmap =
+        c.device ? qnutil_test::device_bitmap(c.width, c.height, pixels) : canvas.release_bitmap();
+    const HRGN region = QnUtil_CreateRegionFromBitmap(bitmap, kKey);
+    if (c.device) DeleteObject(bitmap);
+    ASSERT_NE(region, nullptr);
+    expect_region_matches(region, c.width, c.height, pixels, kKey);
+    if (c.expected) {
+      const auto rects = rectangles_of(region);
+      ASSERT_EQ(rects.size(), c.expected->size());
+      for (size_t i = 0; i < rects.size(); ++i)
+        EXPECT_TRUE(EqualRect(&rects[i], &(*c.expected)[i]))
+            << i << ": " << rects[i].left << "," << rects[i].top << "," << rects[i].right << ","
+            << rects[i].bottom;
+    }
+    DeleteObject(region);
   }
-  DeleteObject(region);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Pictures, RegionFromBitmap,
-    testing::Values(
-        RegionCase{"Diagonal", 7, 5, [](int x, int y) { return x == y ? kKey : 0x123456u; }},
-        RegionCase{"FourthByteIgnored", 4, 3,
-                   [](int x, int) { return x == 2 ? (kKey | 0xFF000000u) : 0x01000000u; }},
-        // 50 runs in each of 100 rows: two batches of 2000 and a rest.
-        RegionCase{"ManyBatches", 100, 100,
-                   [](int x, int y) { return (x + y) % 2 ? kKey : 0x00000001u; }},
-        RegionCase{"NoKeyGivesTheWholeBitmap", 4, 3, [](int, int) { return 0x00FF00FEu; },
-                   std::vector<RECT>{RECT{0, 0, 4, 3}}},
-        RegionCase{"AllKeyGivesAnEmptyRegion", 3, 2, [](int, int) { return kKey; },
-                   std::vector<RECT>{}},
-        RegionCase{"ExactlyTwoThousandRectangles", 40, 100,
-                   [](int x, int) { return x % 2 ? kKey : 0x00000002u; },
-                   columns_of_two_thousand()},
-        RegionCase{"DeviceBitmap", 3, 2,
-                   [](int x, int y) { return x == 1 && y == 0 ? kKey : 0x404040u; }, std::nullopt,
-                   true}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 // The key is 0x00RRGGBB: a COLORREF of pure red names pure blue pixels.
 TEST(RegionFromBitmapKey, ComparedWithRedAndBlueExchangedAgainstAColorref) {

@@ -43,46 +43,41 @@ std::vector<Vertex> square_with(std::initializer_list<Vertex> extra, int copies 
   return points;
 }
 
-struct CountCase {
-  const char* name;
-  std::vector<Vertex> points;
-  unsigned int nb;
-  std::size_t triangles;  // square with centre: 4; one more inner point: 6
-};
-
-class TriangleCount : public ::testing::TestWithParam<CountCase> {};
-
-TEST_P(TriangleCount, Matches) {
-  const Result result = triangulate(GetParam().points, GetParam().nb);
-  ASSERT_EQ(result.status, 1);
-  EXPECT_TRUE(result.array_given);
-  EXPECT_EQ(result.triangles.size(), GetParam().triangles);
+TEST(TriangleCount, MatchesTheInput) {
+  const struct {
+    const char* name;
+    std::vector<Vertex> points;
+    unsigned int nb;
+    std::size_t triangles;  // square with centre: 4; one more inner point: 6
+  } rows[] = {{"NoPoints", {}, 0, 0},
+              {"OnePoint", {{1, 1}}, 0, 0},
+              {"TwoPoints", {{1, 1}, {5, 2}}, 2, 0},
+              {"BoundaryLongerThanPoints", kSquareWithCentre, 6, 0},
+              {"BoundaryFarLongerThanPoints", {{0, 0}, {10, 0}, {10, 10}}, 0xFFFFFFFFu, 0},
+              // A near duplicate is inserted only when both offsets exceed the tolerance.
+              {"Exact", square_with({{5, 4}}), 0, 4},
+              {"WithinBoth", square_with({{5 + 8e-6f, 4 - 8e-6f}}), 0, 4},
+              {"BeyondInX", square_with({{5 + 3e-5f, 4}}), 0, 6},
+              {"BeyondInY", square_with({{5, 4 - 3e-5f}}), 0, 6},
+              {"WithinXBeyondY", square_with({{5 + 5e-6f, 4 + 3e-5f}}), 0, 6},
+              {"ManyCopiesInsertedOnce", square_with({{5, 4}, {0, 10}}, 50), 0, 4},
+              // Points that cannot be inserted are left out (the last lies far
+              // outside the enclosing triangle).
+              {"NotInsertable",
+               square_with({{std::nanf(""), 3}, {kInf, 3}, {3, -kInf}, {1e30f, 1e30f}}), 0, 4},
+              // A boundary without extent in x or y (or an infinite one) leaves no
+              // enclosing triangle, hence no triangles, but still an array.
+              {"SinglePointBoundary", {{1, 1}, {2, 2}, {3, 1}}, 1, 0},
+              {"HorizontalBoundary", {{0, 1}, {5, 1}, {2, 3}, {2, 0}}, 2, 0},
+              {"InfiniteBoundary", {{0, 0}, {kInf, 0}, {0, 5}, {1, 1}}, 3, 0}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const Result result = triangulate(row.points, row.nb);
+    ASSERT_EQ(result.status, 1);
+    EXPECT_TRUE(result.array_given);
+    EXPECT_EQ(result.triangles.size(), row.triangles);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Inputs, TriangleCount,
-    ::testing::Values(
-        CountCase{"NoPoints", {}, 0, 0}, CountCase{"OnePoint", {{1, 1}}, 0, 0},
-        CountCase{"TwoPoints", {{1, 1}, {5, 2}}, 2, 0},
-        CountCase{"BoundaryLongerThanPoints", kSquareWithCentre, 6, 0},
-        CountCase{"BoundaryFarLongerThanPoints", {{0, 0}, {10, 0}, {10, 10}}, 0xFFFFFFFFu, 0},
-        // A near duplicate is inserted only when both offsets exceed the tolerance.
-        CountCase{"Exact", square_with({{5, 4}}), 0, 4},
-        CountCase{"WithinBoth", square_with({{5 + 8e-6f, 4 - 8e-6f}}), 0, 4},
-        CountCase{"BeyondInX", square_with({{5 + 3e-5f, 4}}), 0, 6},
-        CountCase{"BeyondInY", square_with({{5, 4 - 3e-5f}}), 0, 6},
-        CountCase{"WithinXBeyondY", square_with({{5 + 5e-6f, 4 + 3e-5f}}), 0, 6},
-        CountCase{"ManyCopiesInsertedOnce", square_with({{5, 4}, {0, 10}}, 50), 0, 4},
-        // Points that cannot be inserted are left out (the last lies far
-        // outside the enclosing triangle).
-        CountCase{"NotInsertable",
-                  square_with({{std::nanf(""), 3}, {kInf, 3}, {3, -kInf}, {1e30f, 1e30f}}), 0, 4},
-        // A boundary without extent in x or y (or an infinite one) leaves no
-        // enclosing triangle, hence no triangles, but still an array.
-        CountCase{"SinglePointBoundary", {{1, 1}, {2, 2}, {3, 1}}, 1, 0},
-        CountCase{"HorizontalBoundary", {{0, 1}, {5, 1}, {2, 3}, {2, 0}}, 2, 0},
-        CountCase{"InfiniteBoundary", {{0, 0}, {kInf, 0}, {0, 5}, {1, 1}}, 3, 0}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace triangulate_test

@@ -92,49 +92,44 @@ std::vector<Vertex> near_duplicates() {
   return points;
 }
 
-struct Case {
-  const char* name;
-  std::function<std::vector<Vertex>()> points;
-  double hull_area;  // the area of the points' convex hull, which the triangles fill; 0: unknown
-};
-
-class DelaunayProperty : public ::testing::TestWithParam<Case> {};
-
-TEST_P(DelaunayProperty, HoldsForEveryTriangle) {
-  const std::vector<Vertex> points = GetParam().points();
-  const Result result = triangulate(points, 0);
-  ASSERT_EQ(result.status, 1);
-  ASSERT_FALSE(result.triangles.empty());
-  long double area = 0;
-  for (const Triangle& t : result.triangles) {
-    const long double doubled = doubled_area(t.corner[0], t.corner[1], t.corner[2]);
-    ASSERT_GT(doubled, 0) << "inverted or flat triangle";
-    area += doubled / 2;
-  }
-  EXPECT_EQ(repeated_directed_edges(result.triangles), 0u);
-  if (points.size() <= 5000) {
-    EXPECT_EQ(non_delaunay_triangles(result.triangles, points), 0u);
-  }
-  if (const double hull = GetParam().hull_area; hull > 0) {
-    EXPECT_NEAR(static_cast<double>(area), hull, 1e-5 * hull);
+TEST(DelaunayProperty, HoldsForEveryTriangle) {
+  const struct {
+    const char* name;
+    std::function<std::vector<Vertex>()> points;
+    double hull_area;  // the area of the points' convex hull, which the triangles fill; 0: unknown
+  } rows[] = {{"Random3000", [] { return random_points(3000); }, 0},
+              // Large enough for insertion to prefetch ahead.
+              {"Random80000", [] { return random_points(80000); }, 0},
+              {"Grid50", [] { return grid(50, 0.0); }, 49 * 49},
+              {"SteepRotatedGrid40", [] { return grid(40, 1.1); }, 39 * 39},
+              {"GridCoarseToFine", [] { return grid_coarse_to_fine(32); }, 32 * 32},
+              // Degenerate and large enough to prefetch ahead.
+              {"GridCoarseToFine256", [] { return grid_coarse_to_fine(256); }, 256 * 256},
+              {"CollinearRuns", collinear_runs, 0},
+              {"Cocircular", cocircular, 0},
+              {"RoundedCircle", rounded_circle, 0},
+              {"NearDuplicates", near_duplicates, 0}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const std::vector<Vertex> points = row.points();
+    const Result result = triangulate(points, 0);
+    ASSERT_EQ(result.status, 1);
+    ASSERT_FALSE(result.triangles.empty());
+    long double area = 0;
+    for (const Triangle& t : result.triangles) {
+      const long double doubled = doubled_area(t.corner[0], t.corner[1], t.corner[2]);
+      ASSERT_GT(doubled, 0) << "inverted or flat triangle";
+      area += doubled / 2;
+    }
+    EXPECT_EQ(repeated_directed_edges(result.triangles), 0u);
+    if (points.size() <= 5000) {
+      EXPECT_EQ(non_delaunay_triangles(result.triangles, points), 0u);
+    }
+    if (const double hull = row.hull_area; hull > 0) {
+      EXPECT_NEAR(static_cast<double>(area), hull, 1e-5 * hull);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Inputs, DelaunayProperty,
-    ::testing::Values(Case{"Random3000", [] { return random_points(3000); }, 0},
-                      // Large enough for insertion to prefetch ahead.
-                      Case{"Random80000", [] { return random_points(80000); }, 0},
-                      Case{"Grid50", [] { return grid(50, 0.0); }, 49 * 49},
-                      Case{"SteepRotatedGrid40", [] { return grid(40, 1.1); }, 39 * 39},
-                      Case{"GridCoarseToFine", [] { return grid_coarse_to_fine(32); }, 32 * 32},
-                      // Degenerate and large enough to prefetch ahead.
-                      Case{"GridCoarseToFine256", [] { return grid_coarse_to_fine(256); },
-                           256 * 256},
-                      Case{"CollinearRuns", collinear_runs, 0}, Case{"Cocircular", cocircular, 0},
-                      Case{"RoundedCircle", rounded_circle, 0},
-                      Case{"NearDuplicates", near_duplicates, 0}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace triangulate_test
