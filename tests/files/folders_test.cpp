@@ -2,7 +2,6 @@
 // the registry.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -19,14 +18,6 @@
 #endif
 
 namespace {
-
-// Test texts are written with '\\'; POSIX builds compose with '/'.
-std::string native(std::string text) {
-#ifndef _WIN32
-  std::replace(text.begin(), text.end(), '\\', '/');
-#endif
-  return text;
-}
 
 TEST(GetOperatingSystem, MatchesThePlatformsOwnAnswer) {
   unsigned major = 99, minor = 99;
@@ -60,21 +51,21 @@ TEST(ProgPathAppData, AppendsTheHostsFoldersWhenTheyFit) {
   if ((major == 5 && minor <= 2) || (major == 6 && minor == 0))
     GTEST_SKIP() << "system keeps the folder";
 #endif
-  const std::string folders = "Quarn Software GmbH\\Quarn +2011\\Programm";
-  const std::string longest = "D:\\" + std::string(215, 'x');
+  const std::string folders = "Quarn Software GmbH/Quarn +2011/Programm";
+  const std::string longest = "D:/" + std::string(215, 'x');
   const std::pair<std::string, std::string> rows[] = {// base, result ("": refused)
-                                                      {"D:\\data", "D:\\data\\" + folders},
-                                                      {"D:\\data\\", "D:\\data\\" + folders},
+                                                      {"D:/data", "D:/data/" + folders},
+                                                      {"D:/data/", "D:/data/" + folders},
                                                       {"", folders},
                                                       {"data", "data" + folders},
-                                                      {"\\", "\\" + folders},
-                                                      {longest, longest + "\\" + folders},
+                                                      {"/", "/" + folders},
+                                                      {longest, longest + "/" + folders},
                                                       {longest + "x", ""}};
   for (const auto& [base, result] : rows) {
     char buf[260];
-    std::strcpy(buf, native(base).c_str());
+    std::strcpy(buf, qnutil_test::native_path(base).c_str());
     EXPECT_EQ(QnUtil_GetProgPathAppData(buf), result.empty() ? nullptr : buf) << base;
-    EXPECT_EQ(std::string(buf), native(result.empty() ? base : result));
+    EXPECT_EQ(std::string(buf), qnutil_test::native_path(result.empty() ? base : result));
   }
 }
 

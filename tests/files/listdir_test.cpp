@@ -16,7 +16,8 @@ TEST(ListdirPattern, MatchesLikeWindows) {
   qnutil_test::ScratchDir dir;
   for (const char* name : {"alpha.txt", "beta.TXT", "gamma", "a1.dat", "ab.dat", "x.y.z"})
     qnutil_test::write_file(dir.file(name), "");
-  const std::pair<const char*, Names> rows[] = {  // pattern, the matches sorted
+  const std::pair<const char*, Names> rows[] = {
+      // pattern, the matches sorted
       {"*.*", {"a1.dat", "ab.dat", "alpha.txt", "beta.TXT", "gamma", "x.y.z"}},
       {"*.txt", {"alpha.txt", "beta.TXT"}},
       {"a?.dat", {"a1.dat", "ab.dat"}},

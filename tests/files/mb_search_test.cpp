@@ -17,11 +17,10 @@ using qnutil_test::write_file;
 
 #ifdef _WIN32
 constexpr char kRoot[] = "C:\\";
-constexpr char kSep[] = "\\";
 #else
 constexpr char kRoot[] = "/";
-constexpr char kSep[] = "/";
 #endif
+using qnutil_test::kPathSeparator;
 
 std::string makepath(const std::string& sub, const std::string& file) {
   char out[QNUTIL_PATH_SIZE];
@@ -51,7 +50,7 @@ class MbSearch : public ::testing::Test {
   // A configuration file mb.ini in the current folder with one section.
   std::string write_configuration(const std::string& section_body) {
     write_file(work_.file("mb.ini"), "[Pfade]\r\n" + section_body);
-    return cwd_ + kSep + "mb.ini";
+    return cwd_ + kPathSeparator + "mb.ini";
   }
 
   static std::string configuration_file() {
@@ -79,9 +78,9 @@ TEST_F(MbSearch, HigherNumberedNameWinsBeforeThePlace) {
   write_file(work_.file("mb.ini"), "");
   write_file(mb_.file("mb.ini"), "");
   use_mb_folder();
-  EXPECT_EQ(configuration_file(), cwd_ + kSep + "mb.ini");
+  EXPECT_EQ(configuration_file(), cwd_ + kPathSeparator + "mb.ini");
   write_file(work_.file("mb3.ini"), "");
-  EXPECT_EQ(configuration_file(), cwd_ + kSep + "mb3.ini");
+  EXPECT_EQ(configuration_file(), cwd_ + kPathSeparator + "mb3.ini");
   write_file(mb_.file("mb5.ini"), "");
   EXPECT_EQ(configuration_file(), makepath(mb_.path().string(), "mb5.ini"));
   fs::remove(root_file);

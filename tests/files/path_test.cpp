@@ -2,7 +2,6 @@
 // into the platform's spelling: '\\' and lower case on Windows.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstdlib>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "qnutil/qnutil.h"
+#include "support/test_support.h"
 
 #ifdef _WIN32
 #include <stdlib.h>
@@ -20,21 +20,16 @@
 
 namespace {
 
-#ifdef _WIN32
-constexpr char kSep = '\\';
-#else
-constexpr char kSep = '/';
-#endif
+using qnutil_test::native_path;
 
 const char* native(const char* text, std::string& storage) {
   if (text == nullptr) return nullptr;
-  storage = text;
-  std::replace(storage.begin(), storage.end(), '/', kSep);
+  storage = native_path(text);
   return storage.c_str();
 }
 
 std::string expected_path(std::string text) {
-  std::replace(text.begin(), text.end(), '/', kSep);
+  text = native_path(text);
 #ifdef _WIN32
   for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 #endif

@@ -92,6 +92,19 @@ class ScopedEnvironmentVariable {
   std::optional<std::string> old_;
 };
 
+#ifdef _WIN32
+constexpr char kPathSeparator = '\\';
+#else
+constexpr char kPathSeparator = '/';
+#endif
+
+// Paths in tests are written with '/'; this is the platform's spelling.
+inline std::string native_path(std::string text) {
+  for (char& c : text)
+    if (c == '/') c = kPathSeparator;
+  return text;
+}
+
 inline std::string read_file(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
