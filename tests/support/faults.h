@@ -16,19 +16,8 @@
 
 namespace qnutil_test {
 
-// Runs body() in a child whose writes fail past `limit` bytes of any file
-// (EFBIG, as ENOSPC on a full disk). The child's exit code is body's
-// result (0 to 255); -1 when it died.
-template <class Body>
-int run_with_file_limit(off_t limit, Body body) {
-  std::fflush(nullptr);
-  const pid_t child = ::fork();
-  if (child == 0) {
-    ::signal(SIGXFSZ, SIG_IGN);
-    const rlimit size{static_cast<rlim_t>(limit), static_cast<rlim_t>(limit)};
-    ::setrlimit(RLIMIT_FSIZE, &size);
-    ::_exit(body());
-  }
+// The child's exit code, -1 when it died.
+inline int wait_child(pid_t child) {
   int status = 0;
   ::waitpid(child, &status, 0);
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -46,10 +35,17 @@ pid_t start_child(Body body) {
   return child;
 }
 
-inline int wait_child(pid_t child) {
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+// Runs body() in a child whose writes fail past `limit` bytes of any file
+// (EFBIG, as ENOSPC on a full disk). The child's exit code is body's
+// result (0 to 255); -1 when it died.
+template <class Body>
+int run_with_file_limit(off_t limit, Body body) {
+  return wait_child(start_child([&] {
+    ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit size{static_cast<rlim_t>(limit), static_cast<rlim_t>(limit)};
+    ::setrlimit(RLIMIT_FSIZE, &size);
+    ::_exit(body());
+  }));
 }
 
 // The names in a folder, sorted.
