@@ -4,6 +4,8 @@
 #include <cstring>
 #include <mutex>
 
+#include "env/per_thread.h"
+
 namespace qnutil::env {
 namespace {
 
@@ -22,7 +24,7 @@ struct ThreadCopy {
 }  // namespace
 
 DelimiterView delimiter() {
-  thread_local ThreadCopy copy;
+  ThreadCopy& copy = per_thread<ThreadCopy>();
   const unsigned generation = delimiter_generation.load(std::memory_order_acquire);
   if (copy.generation != generation) {
     std::lock_guard guard(delimiter_lock);

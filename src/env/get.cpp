@@ -5,6 +5,7 @@
 
 #include "env/handle.h"
 #include "env/lookup.h"
+#include "env/per_thread.h"
 #include "env/value_scanner.h"
 #include "frame/export_guard.h"
 
@@ -34,7 +35,7 @@ int get_items(EnvHandle* env, const char* section, const char* path, int direct,
   long answered = 0;
   const int status = find_data(env, section, path, direct, found, answered);
   if (status != ENV_OK) return status;
-  thread_local std::vector<std::string_view> items;
+  auto& items = per_thread<std::vector<std::string_view>>();
   if (!scan_items(found->text_or_empty(), syntax, items)) return ENV_SYNTAX;
   if (items.size() > static_cast<std::size_t>(capacity < 0 ? 0 : capacity)) return ENV_TOO_SMALL;
   for (std::size_t i = 0; i < items.size(); ++i)

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "env/delimiter.h"
+#include "env/per_thread.h"
 
 namespace qnutil::env {
 namespace {
@@ -16,10 +17,7 @@ struct PathRegister {
   PendingSteps pending;
 };
 
-PathRegister& path_register() {
-  thread_local PathRegister reg;
-  return reg;
-}
+PathRegister& path_register() { return per_thread<PathRegister>(); }
 
 bool all_digits(std::string_view token) {
   for (char c : token)

@@ -4,6 +4,7 @@
 
 #include "env/handle.h"
 #include "env/lookup.h"
+#include "env/per_thread.h"
 #include "env/walk.h"
 #include "frame/export_guard.h"
 
@@ -25,10 +26,7 @@ struct Iterator {
   int next = 0;
 };
 
-Iterator& iterator() {
-  thread_local Iterator it;
-  return it;
-}
+Iterator& iterator() { return per_thread<Iterator>(); }
 
 bool is_kind(int status) {
   return status == ENV_DATA || status == ENV_BLOCK || status == ENV_EXTERNAL;
