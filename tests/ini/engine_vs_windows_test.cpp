@@ -9,10 +9,11 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
+#include <initializer_list>
 #include <random>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "ini/profile_engine.h"
 #include "support/test_support.h"
@@ -23,53 +24,48 @@ namespace {
 using qnutil_test::ScratchDir;
 using qnutil_test::write_file;
 
-class Generator {
- public:
-  explicit Generator(unsigned seed) : random_(seed) {}
+// One of `items`, chosen by `random`.
+std::string pick(std::mt19937& random, std::initializer_list<const char*> items) {
+  return items.begin()[random() % items.size()];
+}
 
-  int number(int below) { return std::uniform_int_distribution<int>(0, below - 1)(random_); }
-  template <class T>
-  const T& pick(const std::vector<T>& items) {
-    return items[static_cast<std::size_t>(number(static_cast<int>(items.size())))];
-  }
+std::string name(std::mt19937& random) {
+  return pick(random, {"alpha", "Alpha", "BETA", "beta", "gamma", "my key", "k1", "K1"});
+}
 
-  std::string name() { return pick(names_); }
-  std::string blanks() { return pick<std::string>({"", "", " ", "\t", "  \t "}); }
-  std::string line_break() { return pick<std::string>({"\r\n", "\r\n", "\n", "\r", "\r\n\r\n"}); }
-  std::string value() {
-    return pick<std::string>({"", "v", "Value With Spaces", "a=b=c", "\"quoted\"", "'single'",
-                              "\"mixed'", "x\"", "12", "-7", "+3", "42abc", "abc", "\"  7\"",
-                              "99999999999", "-2147483649", "1 2", "; not a comment", "#hash"});
-  }
-
-  std::string file() {
-    std::string text;
-    const int sections = 1 + number(4);
-    for (int s = 0; s < sections; ++s) {
-      text.append(blanks()).append("[").append(pick<std::string>({"", " ", "\t"})).append(name());
-      text.append(pick<std::string>({"", " "})).append("]");
-      text.append(pick<std::string>({"", " trailing"})).append(line_break());
-      const int lines = number(6);
-      for (int l = 0; l < lines; ++l) {
-        switch (number(6)) {
-          case 0: text.append(";").append(name()).append("=").append(value()); break;
-          case 1: text.append(blanks()).append(name()); break;
-          default:
-            text.append(blanks()).append(name()).append(blanks()).append("=");
-            text.append(blanks()).append(value()).append(blanks());
-            break;
-        }
-        text += line_break();
+// Sections with headers padded and followed by text, then bare names,
+// commented entries and entries with blanks around key and value, under
+// every kind of line break; the last break sometimes left off.
+std::string generated_file(std::mt19937& random) {
+  const auto blanks = [&random] { return pick(random, {"", "", " ", "\t", "  \t "}); };
+  const auto line_break = [&random] {
+    return pick(random, {"\r\n", "\r\n", "\n", "\r", "\r\n\r\n"});
+  };
+  const auto value = [&random] {
+    return pick(random, {"", "v", "Value With Spaces", "a=b=c", "\"quoted\"", "'single'",
+                         "\"mixed'", "x\"", "12", "-7", "+3", "42abc", "abc", "\"  7\"",
+                         "99999999999", "-2147483649", "1 2", "; not a comment", "#hash"});
+  };
+  std::string text;
+  for (int s = 0, sections = 1 + random() % 4; s < sections; ++s) {
+    text.append(blanks()).append("[").append(pick(random, {"", " ", "\t"})).append(name(random));
+    text.append(pick(random, {"", " "})).append("]").append(pick(random, {"", " trailing"}));
+    text.append(line_break());
+    for (int l = random() % 6; l > 0; --l) {
+      switch (random() % 6) {
+        case 0: text.append(";").append(name(random)).append("=").append(value()); break;
+        case 1: text.append(blanks()).append(name(random)); break;
+        default:
+          text.append(blanks()).append(name(random)).append(blanks()).append("=");
+          text.append(blanks()).append(value()).append(blanks());
+          break;
       }
+      text.append(line_break());
     }
-    if (number(2)) text.erase(text.find_last_not_of("\r\n") + 1);
-    return text;
   }
-
- private:
-  std::mt19937 random_;
-  std::vector<std::string> names_{"alpha", "Alpha", "BETA", "beta", "gamma", "my key", "k1", "K1"};
-};
+  if (random() % 2) text.erase(text.find_last_not_of("\r\n") + 1);
+  return text;
+}
 
 using Answer = std::pair<DWORD, std::string>;  // the result and the whole buffer
 
@@ -87,17 +83,17 @@ Answer ask(Source source, const char* section, const char* key, const char* fall
 
 TEST(EngineVsWindows, ValuesIntegersAndLists) {
   ScratchDir dir;
-  Generator generate(20240611);
+  std::mt19937 random(20240611);
   for (int round = 0; round < 150; ++round) {
     const std::string path = dir.file("gen" + std::to_string(round) + ".ini");
-    const std::string text = generate.file();
+    const std::string text = generated_file(random);
     write_file(path, text);
     SCOPED_TRACE(testing::PrintToString(text));
     for (int query = 0; query < 12; ++query) {
-      const std::string section = generate.pick<std::string>({"", " ", "  "}) + generate.name() +
-                                  generate.pick<std::string>({"", " "});
-      const std::string key = generate.name() + generate.pick<std::string>({"", " "});
-      const DWORD size = static_cast<DWORD>(generate.pick<int>({1, 4, 64}));
+      std::string section = pick(random, {"", " ", "  "});
+      section.append(name(random)).append(pick(random, {"", " "}));
+      const std::string key = name(random).append(pick(random, {"", " "}));
+      const DWORD size = std::array<DWORD, 3>{1, 4, 64}[random() % 3];
       const Answer expected = ask(kWindows, section.c_str(), key.c_str(), "dflt  ", size, path);
       const Answer whole = ask(kWindows, section.c_str(), key.c_str(), "dflt  ", 64, path);
       // Wine cuts quoted values one character early, which Windows is not
