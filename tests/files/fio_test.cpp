@@ -35,9 +35,7 @@ TEST_F(Fio, HeaderAndFieldsRoundTrip) {
   QnUtilFioFile* file = open(QNUTIL_FIO_WRITE | QNUTIL_FIO_HEADER);
   ASSERT_NE(file, nullptr);
   EXPECT_EQ(file->mode, QNUTIL_FIO_WRITE | QNUTIL_FIO_HEADER);
-  char expected_path[QNUTIL_PATH_SIZE];
-  QnUtil_Makepath(expected_path, "", dir_.path().string().c_str(), "data.bin");
-  EXPECT_STREQ(file->path, expected_path);
+  EXPECT_EQ(file->path, qnutil_test::makepath("", dir_.path().string().c_str(), "data.bin"));
   EXPECT_EQ(fio_putstring(file, "name", 6), 0);
   EXPECT_EQ(fio_putchar(file, '\n'), 0);
   EXPECT_EQ(fio_flush(file), 0);

@@ -11,6 +11,7 @@
 namespace {
 
 namespace fs = std::filesystem;
+using qnutil_test::makepath;
 using qnutil_test::MessageCapture;
 using qnutil_test::ScratchDir;
 using qnutil_test::write_file;
@@ -21,11 +22,6 @@ constexpr char kRoot[] = "C:\\";
 constexpr char kRoot[] = "/";
 #endif
 using qnutil_test::kPathSeparator;
-
-std::string makepath(const std::string& sub, const std::string& file) {
-  char out[QNUTIL_PATH_SIZE];
-  return QnUtil_Makepath(out, "", sub.c_str(), file.c_str());
-}
 
 // Skips when a configuration file at the root would be found first.
 class MbSearch : public ::testing::Test {
@@ -82,7 +78,7 @@ TEST_F(MbSearch, HigherNumberedNameWinsBeforeThePlace) {
   write_file(work_.file("mb3.ini"), "");
   EXPECT_EQ(configuration_file(), cwd_ + kPathSeparator + "mb3.ini");
   write_file(mb_.file("mb5.ini"), "");
-  EXPECT_EQ(configuration_file(), makepath(mb_.path().string(), "mb5.ini"));
+  EXPECT_EQ(configuration_file(), makepath("", mb_.path().string().c_str(), "mb5.ini"));
   fs::remove(root_file);
 }
 
@@ -94,7 +90,7 @@ TEST_F(MbSearch, FindsFilesInTheListedFolders) {
   use_mb_folder();
   char out[QNUTIL_PATH_SIZE];
   EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "wanted.dat", out), 0);
-  EXPECT_EQ(std::string(out), makepath(second.path().string(), "wanted.dat"));
+  EXPECT_EQ(std::string(out), makepath("", second.path().string().c_str(), "wanted.dat"));
   EXPECT_EQ(QnUtil_MB_SucheDatei("Pfade", "liste", "absent.dat", out), -1);
 }
 
@@ -122,7 +118,7 @@ TEST_F(MbSearch, ReadsAFolderFromTheConfiguration) {
   for (const auto& [section, key] :
        {std::pair<const char*, const char*>{nullptr, "daten"}, {"", "daten"}, {"Pfade", ""}}) {
     EXPECT_EQ(QnUtil_MB_SucheDatei(section, key, "absent.dat", out), 0);
-    EXPECT_EQ(std::string(out), makepath("", configuration));
+    EXPECT_EQ(std::string(out), makepath("", "", configuration.c_str()));
   }
 }
 

@@ -20,6 +20,7 @@
 
 namespace {
 
+using qnutil_test::makepath;
 using qnutil_test::native_path;
 
 const char* native(const char* text, std::string& storage) {
@@ -34,13 +35,6 @@ std::string expected_path(std::string text) {
   for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 #endif
   return text;
-}
-
-std::string makepath(const char* base, const char* sub, const char* file) {
-  char out[QNUTIL_PATH_SIZE];
-  std::memset(out, 'x', sizeof out);
-  EXPECT_EQ(QnUtil_Makepath(out, base, sub, file), out);
-  return out;
 }
 
 // Each row: base, sub-folder, file name, the composed path.

@@ -1,6 +1,7 @@
 // Helpers shared by the test programs; they use only the public API.
 #pragma once
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
@@ -103,6 +104,13 @@ inline std::string native_path(std::string text) {
   for (char& c : text)
     if (c == '/') c = kPathSeparator;
   return text;
+}
+
+// QnUtil_Makepath's path; a marker when it answers other than with its buffer.
+inline std::string makepath(const char* base, const char* sub, const char* file) {
+  char out[QNUTIL_PATH_SIZE];
+  std::fill(std::begin(out), std::end(out), 'x');
+  return QnUtil_Makepath(out, base, sub, file) == out ? out : "<not the output buffer>";
 }
 
 inline std::string read_file(const std::filesystem::path& path) {
