@@ -32,6 +32,8 @@ Plan with_grid_points(Plan plan) {
 }
 
 TEST(RegionPlans, TileTheRegion) {
+  const Ring spikes = {{0, 0},   {40, 0},  {40, -30}, {40, 0},  {80, 0},
+                       {80, 50}, {50, 50}, {50, 20},  {50, 50}, {0, 50}};
   const struct {
     const char* name;
     Plan plan;
@@ -46,18 +48,7 @@ TEST(RegionPlans, TileTheRegion) {
       {"collinear runs on outline and opening",
        rings({dense_rectangle(0, 0, 2000, 1000, 40), dense_rectangle(500, 200, 1500, 800, 25)}),
        2 * (2000000 - 600000)},
-      {"zero-area spikes out and in",
-       rings({{{0, 0},
-               {40, 0},
-               {40, -30},
-               {40, 0},
-               {80, 0},
-               {80, 50},
-               {50, 50},
-               {50, 20},
-               {50, 50},
-               {0, 50}}}),
-       2 * 4000},
+      {"zero-area spikes out and in", rings({spikes}), 2 * 4000},
       {"interior points",
        with_grid_points(rings({rectangle(0, 0, 90, 90), rectangle(30, 30, 60, 60)})),
        2 * (8100 - 900)},
