@@ -1,6 +1,6 @@
 // qnutil filter: inspect and run image filter plug-ins (.8bf) through the
-// library's plug-in host. Windows builds only; the BMP files are read and
-// written here (24 and 32 bits per pixel, uncompressed).
+// library's plug-in host. Windows builds only; the library's raster engine
+// reads and writes the BMP files, GDI hands over the pixels in between.
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -27,7 +27,7 @@ const Command kFilter{"filter", "show or run an image filter plug-in (.8bf; Wind
                       "       qnutil filter apply PLUGIN IN.bmp OUT.bmp [--repeat]\n"
                       "  info   prints the plug-in's category, name and entry point once it\n"
                       "         loaded and its entry point resolved\n"
-                      "  apply  runs the filter over a 24- or 32-bit BMP, progress on stderr;\n"
+                      "  apply  runs the filter over a BMP image, progress on stderr;\n"
                       "         --repeat applies it a second time with the kept parameters",
                       run_filter_command};
 
