@@ -96,8 +96,9 @@ int run_sys(int argc, char** argv) {
 int demo_system(const DemoContext& context) {
   if (print_os() != 0) return 1;
   // On every current system the caller names the base of the program-data
-  // folder; the demo's output folder stands in for it.
-  print_folders(context.output.string().c_str());
+  // folder; the demo's output folder stands in for it, with the closing
+  // separator the host gives (without it the folders are glued on).
+  print_folders((context.output / "").string().c_str());
   return 0;
 }
 
