@@ -62,39 +62,35 @@ TEST(EnvTraverse, VisitsTheBlocksElements) {
   EXPECT_EQ(visits.size(), 6u);
 }
 
+constexpr char kOldDestination[] = "[S]\na =old\nb ={\nc =old c\n}\n";
+
 class EnvSink : public ::testing::Test {
  protected:
   void SetUp() override {
     ASSERT_EQ(read_text(src_, "[S]\na =new\nb ={\nc =new c\n}\nonly =src\n"), ENV_OK);
     ASSERT_EQ(env_put_external(src_, "S", "ext", 3), ENV_OK);
-    ASSERT_EQ(read_text(dst_, "[S]\na =old\nb ={\nc =old c\n}\n"), ENV_OK);
+    ASSERT_EQ(read_text(dst_, kOldDestination), ENV_OK);
   }
   Env src_, dst_;
 };
 
-struct SinkCase {
-  int mode;
-  const char* written;  // dst afterwards
-};
-
-class EnvSinkMode : public EnvSink, public ::testing::WithParamInterface<SinkCase> {};
-
-// Externals are never copied.
-TEST_P(EnvSinkMode, CopiesLeaves) {
-  EXPECT_EQ(env_sink(dst_, src_, GetParam().mode), ENV_OK);
-  EXPECT_EQ(write_text(dst_), GetParam().written);
-  EXPECT_EQ(env_check(dst_, "S", "ext", 1), ENV_NOT_FOUND);
+// Each mode with what dst holds afterwards; externals are never copied.
+TEST_F(EnvSink, CopiesLeaves) {
+  const std::pair<int, const char*> modes[] = {
+      {0, "[S]\n  a =old\n  b ={\n    c =old c\n  }\n  only =src\n"},  // keep existing
+      {1,
+       "[S]\n  a =old\n  b ={\n    c =old c\n    c =new c\n  }\n"  // append
+       "  a =new\n  only =src\n"},
+      {2, "[S]\n  a =new\n  b ={\n    c =new c\n  }\n  only =src\n"},  // overwrite
+      {3, "[S]\n  a =new\n  b ={\n    c =new c\n  }\n"}};              // only existing
+  for (const auto& [mode, written] : modes) {
+    Env dst;
+    ASSERT_EQ(read_text(dst, kOldDestination), ENV_OK);
+    EXPECT_EQ(env_sink(dst, src_, mode), ENV_OK);
+    EXPECT_EQ(write_text(dst), written) << mode;
+    EXPECT_EQ(env_check(dst, "S", "ext", 1), ENV_NOT_FOUND);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Modes, EnvSinkMode,
-    ::testing::Values(
-        SinkCase{0, "[S]\n  a =old\n  b ={\n    c =old c\n  }\n  only =src\n"},  // keep existing
-        SinkCase{1,
-                 "[S]\n  a =old\n  b ={\n    c =old c\n    c =new c\n  }\n  a =new\n"
-                 "  only =src\n"},                                               // append
-        SinkCase{2, "[S]\n  a =new\n  b ={\n    c =new c\n  }\n  only =src\n"},  // overwrite
-        SinkCase{3, "[S]\n  a =new\n  b ={\n    c =new c\n  }\n"}));             // only existing
 
 TEST_F(EnvSink, BadModeAndLongTexts) {
   MessageCapture capture;

@@ -57,7 +57,6 @@ class MessageCapture {
   MessageCapture& operator=(const MessageCapture&) = delete;
 
   const std::vector<Box>& boxes() const { return boxes_; }
-  void clear() { boxes_.clear(); }
 
  private:
   static void QNUTIL_CALL receive(const char* caption, const char* text, void* user) {

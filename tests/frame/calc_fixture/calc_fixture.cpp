@@ -39,8 +39,17 @@ HRESULT query(IUnknown* object, REFIID iid, REFIID offered, void** out) {
   return S_OK;
 }
 
-// Slots 3 to 16 belong to methods the library never calls.
-struct Calculator : IUnknown {
+// Slots 3 to 16 belong to methods the library never calls: Padding<16>
+// adds one virtual function per level above IUnknown's three, each with its
+// own parameter type so that it takes a slot of its own.
+template <int slot>
+struct Padding : Padding<slot - 1> {
+  virtual HRESULT STDMETHODCALLTYPE unused(Padding<slot>*) { return E_NOTIMPL; }
+};
+template <>
+struct Padding<2> : IUnknown {};
+
+struct Calculator : Padding<16> {
   LONG references = 1;
 
   STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
@@ -52,23 +61,6 @@ struct Calculator : IUnknown {
     if (left == 0) delete this;
     return left;
   }
-#define UNUSED_SLOT(n) \
-  virtual HRESULT STDMETHODCALLTYPE unused##n() { return E_NOTIMPL; }
-  UNUSED_SLOT(3);
-  UNUSED_SLOT(4);
-  UNUSED_SLOT(5);
-  UNUSED_SLOT(6);
-  UNUSED_SLOT(7);
-  UNUSED_SLOT(8);
-  UNUSED_SLOT(9);
-  UNUSED_SLOT(10);
-  UNUSED_SLOT(11);
-  UNUSED_SLOT(12);
-  UNUSED_SLOT(13);
-  UNUSED_SLOT(14);
-  UNUSED_SLOT(15);
-  UNUSED_SLOT(16);
-#undef UNUSED_SLOT
 
   // Slots 17 to 21.
   virtual HRESULT STDMETHODCALLTYPE initialise(long argument) {

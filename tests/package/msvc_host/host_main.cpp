@@ -71,16 +71,7 @@ bool walk_checks = false;  // set first thing: no dynamic initialisation runs he
 // The object's block went back to the process heap.
 bool freed(const void* block) { return !walk_checks || !heap_block_in_use(block); }
 
-constexpr const char* kFolder = "msvc_host_files";
-char path_buffer[4][260];
-const char* scratch(int slot, const char* name) {
-  char* path = path_buffer[slot];
-  const size_t folder = strlen(kFolder);
-  memcpy(path, kFolder, folder);
-  path[folder] = '\\';
-  memcpy(path + folder + 1, name, strlen(name) + 1);
-  return path;
-}
+#define HOST_FOLDER "msvc_host_files"
 
 void write_file(const char* path, const char* text) {
   FILE* file = fopen(path, "wb");
@@ -108,7 +99,7 @@ bool contains(const char* path, const char* part) {
 
 // The static forms: strings come back from the library, numbers by value.
 void ini_static_forms() {
-  const char* file = scratch(0, "settings.ini");
+  const char* file = HOST_FOLDER "\\settings.ini";
   write_file(file, "[s]\r\ntext=hello world\r\nnum=42abc\r\nreal=2.5e3x\r\n");
   CHECK(same(received(CQnIniFile::FileReadString(file, "S", "TEXT")), "hello world"));
   CHECK(same(received(CQnIniFile::FileReadString(file, "s", "missing")), "_TheDefault_"));
@@ -121,7 +112,7 @@ void ini_static_forms() {
 }
 
 void ini_objects() {
-  const char* path = scratch(0, "members.ini");
+  const char* path = HOST_FOLDER "\\members.ini";
   write_file(path, "");
   const CString name(path);
   CQnIniFile file(name, 1);
@@ -174,7 +165,7 @@ constexpr const char* kGlass =
 constexpr const char* kTexture = "C:\\Texturen\\Bl\366cke.bmp";  // \366: o-umlaut
 
 void material_file() {
-  const char* path = scratch(1, "glass.mat");
+  const char* path = HOST_FOLDER "\\glass.mat";
   write_file(path, kGlass);
   const CString file(path);
   CQnMatFile mat(file);
@@ -260,7 +251,7 @@ void print_image() {
 
 extern "C" void __cdecl host_main() {
   walk_checks = heap_walk_sees_frees();
-  CreateDirectoryA(kFolder, nullptr);
+  CreateDirectoryA(HOST_FOLDER, nullptr);
   CHECK(sizeof(CQnIniFile) == 3 * sizeof(void*));
   CHECK(sizeof(CQnMatFile) == (sizeof(void*) == 4 ? 84u : 104u));
   CHECK(QnUtil_GetVersion() == QNUTIL_VERSION);
