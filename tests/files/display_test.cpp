@@ -1,14 +1,11 @@
+// Windows only: the display size and scaling as the host asks for them.
 #include <gtest/gtest.h>
 
 #include "qnutil/qnutil.h"
 
-#ifdef _WIN32
 #include <windows.h>
-#endif
 
 namespace {
-
-#ifdef _WIN32
 
 // Wine's and test machines' desktops are at most 2000 pixels wide: the size
 // is the desktop window's, before and after opting into DPI awareness, which
@@ -36,15 +33,5 @@ TEST(MyGetSystemMetrics, NarrowDesktopReportsTheDesktopWindow) {
     for (int index : {1, 79}) EXPECT_EQ(MyGetSystemMetrics(index), desktop.bottom) << aware;
   }
 }
-
-#else
-
-TEST(DpiAwareness, PosixHasNoDisplayScaling) {
-  EXPECT_EQ(MySetProcessDpiAwareness(2), 0);
-  EXPECT_EQ(ProcessDpiAwarenessAvailable(), 0);
-  for (int index : {0, 1, 76, 77, 78, 79}) EXPECT_EQ(MyGetSystemMetrics(index), -1) << index;
-}
-
-#endif
 
 }  // namespace

@@ -19,7 +19,6 @@ constexpr auto kSleeperDelay = std::chrono::milliseconds(400);
 struct Launcher {
   const char* name;
   int (*launch)(const char* program, const char* arguments);
-  int dispatches;  // how often a message waiting in the queue reaches its window
   const char* output_name;
   const char* more_arguments;  // after the output file's name
   const char* more_output;     // what the sleeper writes for them
@@ -35,8 +34,8 @@ int launch_sleeper(const Launcher& launcher, const std::string& arguments) {
 }
 
 const Launcher kLaunchers[] = {
-    {"Quoted", QnUtil_ExecuteProgram, 0, "with space.txt", "", ""},
-    {"CommandLine", QnUtil_ExecuteProgramEX, 1, "args.txt", " alpha  beta", "alpha\nbeta\n"}};
+    {"Quoted", QnUtil_ExecuteProgram, "with space.txt", "", ""},
+    {"CommandLine", QnUtil_ExecuteProgramEX, "args.txt", " alpha  beta", "alpha\nbeta\n"}};
 
 // The quoted launcher passes program and argument as one each (a space in
 // the name stays); the command-line launcher passes its arguments unquoted.
@@ -52,39 +51,5 @@ TEST(Launcher, WaitsForTheProgramAndReturnsOne) {
     EXPECT_EQ(qnutil_test::read_file(out), out + "\n" + launcher.more_output);
   }
 }
-
-#ifdef _WIN32
-
-int g_dispatched = 0;
-
-LRESULT CALLBACK count_dispatches(HWND window, UINT message, WPARAM w, LPARAM l) {
-  if (message == WM_APP) ++g_dispatched;
-  return DefWindowProcA(window, message, w, l);
-}
-
-// The quoted launcher keeps the caller's windows frozen: waiting input
-// leaves the queue undispatched. The command-line launcher dispatches it.
-// Either way the queue is empty afterwards.
-TEST(Launcher, EmptiesTheQueueDispatchingAsDesigned) {
-  WNDCLASSA window_class{};
-  window_class.lpfnWndProc = count_dispatches;
-  window_class.lpszClassName = "QnUtilLaunchTestWindow";
-  RegisterClassA(&window_class);
-  const HWND window = CreateWindowExA(0, window_class.lpszClassName, "", 0, 0, 0, 0, 0,
-                                      HWND_MESSAGE, nullptr, nullptr, nullptr);
-  ASSERT_NE(window, nullptr);
-  for (const Launcher& launcher : kLaunchers) {
-    g_dispatched = 0;
-    ScratchDir dir;
-    PostMessageA(window, WM_APP, 0, 0);
-    EXPECT_EQ(launch_sleeper(launcher, dir.file("out.txt")), 1);
-    EXPECT_EQ(g_dispatched, launcher.dispatches) << launcher.name;
-    MSG message;
-    EXPECT_FALSE(PeekMessageA(&message, window, WM_APP, WM_APP, PM_NOREMOVE));
-  }
-  DestroyWindow(window);
-}
-
-#endif
 
 }  // namespace

@@ -151,9 +151,10 @@ TEST(MbIniReadString, CopiesOrReportsTheLength) {
   }
   char buf[8];
   int len = 8;
-  EXPECT_EQ(QnUtil_MB_IniReadString(nullptr, "S", "k", buf, &len), -1);
-  EXPECT_EQ(QnUtil_MB_IniReadString("x.ini", "S", "k", nullptr, &len), -1);
-  EXPECT_EQ(QnUtil_MB_IniReadString("x.ini", "S", "k", buf, nullptr), -1);
+  for (const int result : {QnUtil_MB_IniReadString(nullptr, "S", "k", buf, &len),
+                           QnUtil_MB_IniReadString("x.ini", "S", "k", nullptr, &len),
+                           QnUtil_MB_IniReadString("x.ini", "S", "k", buf, nullptr)})
+    EXPECT_EQ(result, -1);
 }
 
 }  // namespace

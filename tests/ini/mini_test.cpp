@@ -62,10 +62,6 @@ TEST_F(MiniTest, OpenNeedsAnExistingAccessibleFile) {
   EXPECT_EQ(mini_open_ex(nullptr, QNUTIL_MINI_READ), nullptr);
   MiniHandle composed = mini_open(dir_.path().string().c_str(), "mini.ini", QNUTIL_MINI_READ);
   ASSERT_NE(composed, nullptr);
-  char buf[16];
-  unsigned int len = sizeof buf - 1;
-  EXPECT_EQ(mini_read_string(composed, "s", "short", buf, &len), 0);
-  EXPECT_STREQ(buf, "ab");
   EXPECT_EQ(mini_close(&composed), 1);
   EXPECT_NE(composed, nullptr);  // the caller's variable is not cleared
   MiniHandle none = nullptr;
@@ -170,10 +166,7 @@ TEST_F(MiniTest, ExtendedFillStoresTheGuidInRegistryFormAndNeedsIt) {
   EXPECT_EQ(mini_write_fillstyle_ex(handle_, "styles", long_key.c_str(), &style), -1);
   EXPECT_NE(line(long_key), "<none>");
   EXPECT_EQ(line(long_key + "GUID"), "<none>");
-  EXPECT_EQ(mini_read_fillstyle_ex(handle_, "styles", long_key.c_str(), &style), -1);
-  const std::string longest(250, 'k');
-  EXPECT_EQ(mini_write_fillstyle_ex(handle_, "styles", longest.c_str(), &style), 0);
-  EXPECT_EQ(mini_read_fillstyle_ex(handle_, "styles", longest.c_str(), &style), 0);
+  EXPECT_EQ(mini_write_fillstyle_ex(handle_, "styles", std::string(250, 'k').c_str(), &style), 0);
 }
 
 }  // namespace

@@ -70,7 +70,7 @@ TEST(InvertRun, StatusTraceAndEveryTileWrittenBackInsideTheImage) {
   }
 }
 
-// Progress reports seen by the host's caller; each test starts a new log.
+// Progress reports seen by the host's caller; each run starts a new log.
 struct ProgressLog {
   std::vector<float> fractions;
   float cancelAt = 2.0f;  // answer false from this fraction on
@@ -83,17 +83,15 @@ bool QNUTIL_CALL record_progress(float fraction, int32_t userValue) {
   return fraction < g_log.cancelAt;
 }
 
-class Progress : public ::testing::Test {
- protected:
-  void SetUp() override { g_log = ProgressLog{}; }
-};
-
-TEST_F(Progress, ReportsReachTheCallerInOrder) {
+// Reports reach the caller in order; false from the callback cancels
+// through abortProc.
+TEST(Progress, ReportsReachTheCallerAndFalseCancels) {
   LoadedFilter filter("progress");
   const Image source = pattern_image(6, 10);
   const RunOutcome quiet = run(filter.get(), source);  // without a callback: never cancelled
   EXPECT_TRUE(quiet.ok);
   EXPECT_EQ(quiet.trace, "123");
+  g_log = ProgressLog{};
   const RunOutcome outcome = run(filter.get(), source, false, record_progress, 4711);
   ASSERT_TRUE(outcome.ok) << outcome.status;
   EXPECT_EQ(first_difference(outcome.image, with_planes_changed(source, 0, 2, inverted)), "");
@@ -101,11 +99,8 @@ TEST_F(Progress, ReportsReachTheCallerInOrder) {
   ASSERT_EQ(g_log.fractions.size(), 20u);
   for (size_t i = 0; i < g_log.fractions.size(); ++i)
     EXPECT_FLOAT_EQ(g_log.fractions[i], float(i / 2 + 1) / 10.0f);
-}
 
-TEST_F(Progress, FalseFromTheCallbackCancelsThroughAbortProc) {
-  LoadedFilter filter("progress");
-  const Image source = pattern_image(6, 10);
+  g_log = ProgressLog{};
   g_log.cancelAt = 0.5f;
   const RunOutcome cancelled = run(filter.get(), source, false, record_progress, 4711);
   EXPECT_FALSE(cancelled.ok);

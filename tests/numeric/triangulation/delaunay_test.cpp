@@ -5,7 +5,6 @@
 // small enough for that quadratic check).
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <functional>
 #include <random>
 #include <string>
@@ -21,15 +20,6 @@ std::vector<Vertex> random_points(int count) {
   std::uniform_real_distribution<float> coordinate(-500.0f, 500.0f);
   std::vector<Vertex> points;
   for (int i = 0; i < count; ++i) points.push_back({coordinate(generator), coordinate(generator)});
-  return points;
-}
-
-std::vector<Vertex> grid(int side, double angle) {
-  std::vector<Vertex> points;
-  for (int row = 0; row < side; ++row)
-    for (int column = 0; column < side; ++column)
-      points.push_back({static_cast<float>(column * std::cos(angle) - row * std::sin(angle)),
-                        static_cast<float>(column * std::sin(angle) + row * std::cos(angle))});
   return points;
 }
 
@@ -70,16 +60,6 @@ std::vector<Vertex> cocircular() {
   return points;
 }
 
-// Float points on a circle: nearly cocircular, the in-circle test's worst case.
-std::vector<Vertex> rounded_circle() {
-  constexpr double kPi = 3.14159265358979323846;
-  std::vector<Vertex> points;
-  for (int i = 0; i < 720; ++i)
-    points.push_back({static_cast<float>(300 * std::cos(i * kPi / 360)),
-                      static_cast<float>(300 * std::sin(i * kPi / 360))});
-  return points;
-}
-
 // Clusters of points 2e-5 apart: just outside the duplicate tolerance.
 std::vector<Vertex> near_duplicates() {
   std::vector<Vertex> points;
@@ -100,14 +80,11 @@ TEST(DelaunayProperty, HoldsForEveryTriangle) {
   } rows[] = {{"Random3000", [] { return random_points(3000); }, 0},
               // Large enough for insertion to prefetch ahead.
               {"Random80000", [] { return random_points(80000); }, 0},
-              {"Grid50", [] { return grid(50, 0.0); }, 49 * 49},
-              {"SteepRotatedGrid40", [] { return grid(40, 1.1); }, 39 * 39},
               {"GridCoarseToFine", [] { return grid_coarse_to_fine(32); }, 32 * 32},
               // Degenerate and large enough to prefetch ahead.
               {"GridCoarseToFine256", [] { return grid_coarse_to_fine(256); }, 256 * 256},
               {"CollinearRuns", collinear_runs, 0},
               {"Cocircular", cocircular, 0},
-              {"RoundedCircle", rounded_circle, 0},
               {"NearDuplicates", near_duplicates, 0}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

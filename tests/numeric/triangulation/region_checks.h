@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <random>
 #include <utility>
 #include <vector>
 
@@ -126,36 +125,6 @@ inline double expect_tiles(const Plan& plan, const Result& result, double region
   }
   EXPECT_NEAR(area, region_area, 1e-9 * region_area);
   return smallest;
-}
-
-// A random floor plan: an outline whose radius wobbles by up to `wobble`
-// from vertex to vertex (150 makes spikes of about 20 degrees, 20 none
-// below 100) around a grid of rectangular openings of random size, plus
-// random interior points.
-inline Plan random_plan(unsigned seed, int outline_points, int wobble, int openings_per_side,
-                        int interior) {
-  std::mt19937 generator(seed);
-  std::uniform_int_distribution<int> radius_change(-wobble, wobble);
-  Plan plan;
-  Ring outline;
-  const double kPi = 3.14159265358979323846;
-  for (int i = 0; i < outline_points; ++i) {
-    const double angle = 2 * kPi * i / outline_points;
-    const int radius = 5500 + radius_change(generator);
-    outline.push_back({std::round(radius * std::cos(angle)), std::round(radius * std::sin(angle))});
-  }
-  plan.ring(outline);
-  const int cell = 6000 / openings_per_side;
-  std::uniform_int_distribution<int> size(cell / 8, cell / 2 - 2);
-  for (int row = 0; row < openings_per_side; ++row)
-    for (int column = 0; column < openings_per_side; ++column) {
-      const int cx = -3000 + column * cell + cell / 2, cy = -3000 + row * cell + cell / 2;
-      const int w = size(generator), h = size(generator);
-      plan.ring(rectangle(cx - w, cy - h, cx + w, cy + h));
-    }
-  std::uniform_int_distribution<int> anywhere(-5800, 5800);
-  for (int i = 0; i < interior; ++i) plan.point(anywhere(generator), anywhere(generator));
-  return plan;
 }
 
 // Twice the signed area of ring r (exact for plans on the grid).
